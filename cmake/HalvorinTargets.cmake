@@ -1,0 +1,39 @@
+# A folder is a target: what stands in the folder is what the target builds.
+
+# halvorin_add_folder(NAME [LINKS target...] [PRIVATE_LINKS target...] [QT])
+#   A static library of every .cpp and .h in the current folder. Its parts are joined into the
+#   shared library with whole-archive (a static that only registers would be dropped otherwise);
+#   unit tests link the folders' targets directly.
+function(halvorin_add_folder name)
+    cmake_parse_arguments(FOLDER "QT" "" "LINKS;PRIVATE_LINKS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+    file(GLOB headers CONFIGURE_DEPENDS *.h)
+    add_library(${name} STATIC ${sources})
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_SOURCE_DIR}/src FILES ${headers})
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX VERIFY_INTERFACE_HEADER_SETS ON)
+    target_link_libraries(${name} PUBLIC ${FOLDER_LINKS} PRIVATE ${FOLDER_PRIVATE_LINKS} halvorin-warnings)
+    if(FOLDER_QT)
+        target_link_libraries(${name} PRIVATE halvorin-qt-rules)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    endif()
+    set_property(GLOBAL APPEND PROPERTY HALVORIN_FOLDERS ${name})
+endfunction()
+
+# halvorin_add_tests(NAME LABEL label [LINKS target...] [QT])
+#   A GoogleTest program of every .cpp in the current folder, each case a ctest of its own.
+function(halvorin_add_tests name)
+    cmake_parse_arguments(TESTS "QT" "LABEL" "LINKS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE
+        ${TESTS_LINKS} halvorin-test-support GTest::gmock GTest::gtest_main halvorin-warnings)
+    target_compile_definitions(${name} PRIVATE
+        TEST_SOURCE_FOLDER="${CMAKE_CURRENT_SOURCE_DIR}" PROJECT_FOLDER="${CMAKE_SOURCE_DIR}")
+    target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/testpch.h)
+    if(TESTS_QT)
+        target_link_libraries(${name} PRIVATE halvorin-qt-rules)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    endif()
+    gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
+        PROPERTIES LABELS ${TESTS_LABEL} TIMEOUT 120)
+endfunction()
