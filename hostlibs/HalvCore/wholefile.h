@@ -1,0 +1,28 @@
+#ifndef HALVCORE_WHOLEFILE_H
+#define HALVCORE_WHOLEFILE_H
+
+#include "HalvCore/bytearray2.h"
+#include "HalvCore/errorcode2.h"
+#include "HalvCore/expected.h"
+#include "HalvCore/halvcoreexport.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string_view>
+
+namespace Halvorin::System {
+
+/// Makes `bytes` the content of a file, or leaves the file as it was: they go to a temporary file beside it,
+/// which then takes its name. A link is followed, an existing file keeps its mode, and what is no regular
+/// file (a pipe, a device) is written in place.
+HALVCORE_EXPORT Expected<void, ErrorCode2> writeWholeFile(const std::filesystem::path& path,
+                                                          std::string_view bytes);
+
+/// The content of a file, or FileError::tooLarge when it has more than `limit` bytes; no more than that is
+/// held in memory in either case.
+HALVCORE_EXPORT Expected<ByteArray2, ErrorCode2> readWholeFile(const std::filesystem::path& path,
+                                                               std::size_t limit);
+
+} // namespace Halvorin::System
+
+#endif

@@ -1,0 +1,138 @@
+#include "HostSupport/optionstore.h"
+
+#include "HalvCore/application.h"
+#include "HalvCore/exception.h"
+#include "HostSupport/registry.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QStandardPaths>
+#include <map>
+
+using Halvorin::System::Exception;
+using Halvorin::System::FilePath;
+
+namespace HostSupport {
+
+namespace {
+
+QString qString(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+QString fileName(const FilePath& path)
+{
+    const std::string bytes = path.toString().toLegacyUtf8();
+    const QString name = QFile::decodeName(QByteArray::fromStdString(bytes));
+    if (QFile::encodeName(name).toStdString() != bytes)
+        throw Exception("the name of the options file '" + bytes + "' is not valid text");
+    return name;
+}
+
+std::unique_ptr<QSettings> opened(const FilePath& path)
+{
+    const QString name = fileName(path);
+    const QFileInfo file(name);
+    if (file.exists() && (!file.isFile() || !file.isReadable()))
+        throw Exception("cannot read the options file '" + path.toString().toLegacyUtf8() + "'");
+    auto settings = std::make_unique<QSettings>(name, QSettings::IniFormat);
+    settings->setIniCodec("UTF-8");
+    if (settings->status() != QSettings::NoError)
+        throw Exception("the file '" + path.toString().toLegacyUtf8() + "' holds no options");
+    return settings;
+}
+
+} // namespace
+
+struct OptionStore::State
+{
+    std::map<std::string, std::string> thisRun;
+    FilePath path;
+    std::unique_ptr<QSettings> file;
+
+    /// The user's own file is opened when it is first needed: static objects must not touch it.
+    QSettings& openFile()
+    {
+        if (!file) {
+            path = OptionStore::defaultFile();
+            file = opened(path);
+        }
+        return *file;
+    }
+};
+
+OptionStore::OptionStore() : m_state(std::make_unique<State>()) {}
+
+OptionStore::~OptionStore() = default;
+
+OptionStore& OptionStore::instance()
+{
+    static OptionStore store;
+    return store;
+}
+
+FilePath OptionStore::defaultFile()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    FilePath path(QFile::encodeName(folder).toStdString());
+    path /= "halvorin/halvorin.ini";
+    return path;
+}
+
+void OptionStore::useFile(const FilePath& path)
+{
+    m_state->file = opened(path);
+    m_state->path = path;
+}
+
+void OptionStore::setForThisRun(const std::string& name, std::string value)
+{
+    m_state->thisRun[name] = std::move(value);
+}
+
+void OptionStore::forgetThisRun()
+{
+    m_state->thisRun.clear();
+}
+
+std::optional<std::string> OptionStore::stored(const std::string& name) const
+{
+    if (const auto found = m_state->thisRun.find(name); found != m_state->thisRun.end())
+        return found->second;
+    const QVariant value = m_state->openFile().value(qString(name));
+    if (!value.isValid())
+        return std::nullopt;
+    // Somebody who edits the file need not know that a comma without quotes makes a list.
+    return value.type() == QVariant::StringList ? value.toStringList().join(QLatin1String(", ")).toStdString()
+                                                : value.toString().toStdString();
+}
+
+std::optional<std::string> OptionStore::value(const std::string& name) const
+{
+    if (auto found = stored(name))
+        return found;
+    const OptionRegistration* option = Registry::instance().options().find(name);
+    return option ? std::optional(option->defaultText) : std::nullopt;
+}
+
+bool OptionStore::write(const std::string& name, const std::string& value)
+{
+    const auto before = this->value(name);
+    QSettings& file = m_state->openFile();
+    m_state->thisRun.erase(name);
+    file.setValue(qString(name), qString(value));
+    file.sync();
+    const bool written = file.status() == QSettings::NoError;
+    if (!written) {
+        m_state->thisRun[name] = value;
+        Halvorin::System::Application::instance().logger().warning(
+            "settings", "cannot write options to '" + m_state->path.toString().toLegacyUtf8() + "'");
+    }
+    if (before != value)
+        Registry::instance().optionChanged(name, value);
+    return written;
+}
+
+} // namespace HostSupport

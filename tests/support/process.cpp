@@ -1,0 +1,74 @@
+#include "support/process.h"
+
+#include "support/temporaryfolder.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+void replace(int stream, int descriptor)
+{
+    ::dup2(descriptor, stream);
+    ::close(descriptor);
+}
+
+void redirect(int stream, Stream kind, const std::string& captureFile)
+{
+    switch (kind) {
+    case Stream::captured:
+        replace(stream, ::open(captureFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600));
+        break;
+    case Stream::closed:
+        ::close(stream);
+        break;
+    case Stream::brokenPipe: {
+        int ends[2];
+        if (::pipe(ends) != 0)
+            ::_exit(126);
+        ::close(ends[0]);
+        replace(stream, ends[1]);
+        break;
+    }
+    case Stream::fullDevice:
+        replace(stream, ::open("/dev/full", O_WRONLY));
+        break;
+    }
+}
+
+} // namespace
+
+ProcessResult runProcess(const std::vector<std::string>& command, const ProcessOptions& options)
+{
+    const TemporaryFolder folder;
+    const std::string input = folder.write("input", options.input).native();
+    const std::string output = folder.write("output", "").native();
+    const std::string error = folder.write("error", "").native();
+    std::vector<char*> arguments;
+    for (const std::string& argument : command)
+        arguments.push_back(const_cast<char*>(argument.c_str()));
+    arguments.push_back(nullptr);
+
+    const pid_t child = ::fork();
+    if (child < 0)
+        throw std::runtime_error("cannot start a process");
+    if (child == 0) {
+        for (const auto& [name, value] : options.environment)
+            ::setenv(name.c_str(), value.c_str(), 1);
+        if (!options.folder.empty() && ::chdir(options.folder.c_str()) != 0)
+            ::_exit(126);
+        replace(STDIN_FILENO, ::open(input.c_str(), O_RDONLY));
+        redirect(STDERR_FILENO, options.error, error);
+        redirect(STDOUT_FILENO, options.output, output);
+        ::execvp(arguments[0], arguments.data());
+        ::_exit(127);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), folder.read("output"),
+            folder.read("error")};
+}
