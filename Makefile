@@ -32,7 +32,7 @@ test-sanitize: dependencies ## Build and test with address, leak and undefined-b
 
 fuzz: dependencies ## Run each fuzz target for SECONDS (60 unless told)
 	@cmake --preset fuzz
-	@cmake --build --preset fuzz --parallel $(JOBS)
+	@cmake --build --preset fuzz --parallel $(JOBS) --target fuzzers
 	@scripts/fuzz build/fuzz/bin $(or $(SECONDS),60)
 
 coverage: dependencies ## Run the tests with line counters and print a summary of what they reach
