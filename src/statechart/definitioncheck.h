@@ -1,0 +1,18 @@
+#ifndef DEFINITIONCHECK_H
+#define DEFINITIONCHECK_H
+
+#include "statechart/finding.h"
+
+#include <string_view>
+#include <vector>
+
+/// Compiles the definition of a digital device in memory and tells everything that is to be said of it, in
+/// the order of its text: the error that ends the compile (several when a text has characters that are no
+/// tokens), and the language's warnings of every action text up to there. Never raises what is the
+/// definition's fault.
+///
+///     for (const Finding& finding : checkDefinition(text))
+///         show(finding.line, finding.column, finding.text);
+HALVWIDGETS_EXPORT std::vector<Finding> checkDefinition(std::string_view definition);
+
+#endif

@@ -1,0 +1,37 @@
+#ifndef FINDING_H
+#define FINDING_H
+
+#include "halvwidgetsexport.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+/// Something to say about a definition: what, how grave, and where in its text. The command line and the
+/// editor show the same findings.
+struct HALVWIDGETS_EXPORT Finding
+{
+    enum class Severity
+    {
+        error,
+        warning,
+    };
+
+    Severity severity = Severity::error;
+
+    /// The code in the language's table of errors, or of warnings; none for what is not about action text.
+    std::optional<std::uint32_t> code;
+    std::string text;
+
+    /// The place as a path, as in `states["a"].onEntry.[0]`; empty when no value is to blame.
+    std::string path;
+
+    std::size_t line = 1;   ///< from 1
+    std::size_t column = 1; ///< from 1, in bytes
+    std::size_t offset = 0; ///< of the first blamed byte in the text of the definition
+    std::size_t length = 0; ///< in bytes of that text; 0 for a place between two characters or at an end
+    std::string sourceLine; ///< without its line end
+};
+
+#endif
