@@ -1,6 +1,7 @@
 #include "HalvCore/wholefile.h"
 
 #include "HalvCore/nativepath.h"
+#include "HalvCore/numbertext.h"
 
 #include <array>
 #include <cerrno>
@@ -67,7 +68,7 @@ std::pair<Descriptor, std::filesystem::path> makeTemporary(const std::filesystem
 {
     std::random_device random;
     for (int attempt = 0;; ++attempt) {
-        const std::filesystem::path path = folder / (".halvorin-" + std::to_string(random()) + ".tmp");
+        const std::filesystem::path path = folder / (".halvorin-" + numberText(random()) + ".tmp");
         Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         if (file.isOpen() || errno != EEXIST || attempt == 100)
             return {std::move(file), path};

@@ -20,8 +20,9 @@ class BuildRules;
 /// A builder only reads its rules: compiles and links may run side by side. The text need not outlive the
 /// call. Compiling raises CompilationException for the first error in the text (word it with
 /// message(text)), LiteralConversionException for a literal out of range, and
-/// TokeniserAllocationFailure for a byte that no token has. Linking raises std::runtime_error, or JsonTypeException
-/// where a key is missing or of the wrong kind, for a text that this compiler did not write.
+/// TokeniserAllocationFailure for a byte that no token has. Linking raises std::runtime_error, or
+/// JsonTypeException where a key is missing or of the wrong kind, for a text that this compiler did not
+/// write.
 class CodeBuilder
 {
 public:

@@ -12,12 +12,12 @@ enum class DataType : std::uint32_t
     unknown = 0, ///< no value; the type of nothing yet, never of a finished expression
     boolean = 1,
     character = 2,
-    real = 3,     ///< IEEE 754, 64 bits
-    integer = 4,  ///< signed, 32 bits
+    real = 3,    ///< IEEE 754, 64 bits
+    integer = 4, ///< signed, 32 bits
     integer64 = 5,
-    string = 6,   ///< bytes, owned by value
+    string = 6, ///< bytes, owned by value
     unsigned64 = 7,
-    none = 8,     ///< "void": no value
+    none = 8, ///< "void": no value
 };
 
 /// "bool", "char", "double", "int", "int64_t", "string", "uint64_t" or "void"; "unknown" for anything else.

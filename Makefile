@@ -1,0 +1,58 @@
+# A thin face over CMake's presets: `make help` lists what there is.
+.DEFAULT_GOAL := help
+JOBS ?= $(shell nproc)
+
+help: ## Show this list
+	@grep -hE '^[a-z-]+:.*##' $(MAKEFILE_LIST) | sed -E 's/:[^#]*## /\t/' | expand -t 18
+
+dependencies: ## Install what is missing of Debian's packages
+	@scripts/install-dependencies
+
+build: dependencies ## Build everything, optimised, into build/release
+	@cmake --preset release
+	@cmake --build --preset release --parallel $(JOBS)
+
+demo: build ## Compile the example devices and show what came out
+	@scripts/demo build/release/bin/halvorin
+
+test: build ## Build and test everything, the headers each alone among it
+	@cmake --build --preset release --parallel $(JOBS) --target all_verify_interface_header_sets
+	@ctest --preset release --parallel $(JOBS)
+	@$(MAKE) --no-print-directory test-engine
+
+test-engine: dependencies ## Build and test the engine alone, without Qt
+	@cmake --preset engine
+	@cmake --build --preset engine --parallel $(JOBS)
+	@ctest --preset engine --parallel $(JOBS)
+
+test-sanitize: dependencies ## Build and test with address, leak and undefined-behaviour sanitizers
+	@cmake --preset sanitize
+	@cmake --build --preset sanitize --parallel $(JOBS)
+	@UBSAN_OPTIONS=print_stacktrace=1 ctest --preset sanitize --parallel $(JOBS)
+
+fuzz: dependencies ## Run each fuzz target for SECONDS (60 unless told)
+	@cmake --preset fuzz
+	@cmake --build --preset fuzz --parallel $(JOBS)
+	@scripts/fuzz build/fuzz/bin $(or $(SECONDS),60)
+
+coverage: dependencies ## Run the tests with line counters and print a summary of what they reach
+	@cmake --preset coverage
+	@cmake --build --preset coverage --parallel $(JOBS)
+	@ctest --preset coverage --parallel $(JOBS)
+	@scripts/coverage-summary build/coverage
+
+format: ## Put the code into the project's format
+	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+lint: build ## Check the format, the includes and clang-tidy's findings
+	@git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+	@scripts/check-includes
+	@git ls-files 'src/*.cpp' 'hostlibs/*.cpp' 'app/*.cpp' | xargs -P $(JOBS) -n 4 clang-tidy -p build/release --quiet
+
+install: build ## Install into PREFIX (/usr/local unless told)
+	@cmake --install build/release $(if $(PREFIX),--prefix $(PREFIX))
+
+clean: ## Remove everything that was built
+	@rm -rf build
+
+.PHONY: help dependencies build demo test test-engine test-sanitize fuzz coverage format lint install clean

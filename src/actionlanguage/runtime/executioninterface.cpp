@@ -1,0 +1,3 @@
+#include "actionlanguage/runtime/executioninterface.h"
+
+AbstractExecutionInterface::~AbstractExecutionInterface() = default;
