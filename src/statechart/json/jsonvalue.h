@@ -91,6 +91,8 @@ public:
     friend bool operator==(const JsonObject& left, const JsonObject& right);
 
 private:
+    friend class JsonValue;
+
     static constexpr std::uint32_t none = 0xffffffff;
 
     std::uint32_t indexOf(std::string_view key, std::uint64_t hash) const;
@@ -103,7 +105,8 @@ private:
 };
 
 /// A JSON value of the state chart engine. Integers have 32 bits, a number keeps its kind, text is bytes
-/// (UTF-8 by convention). The readers and the writer stand in jsonreader.h and jsonwriter.h.
+/// (UTF-8 by convention). The readers and the writer stand in jsonreader.h and jsonwriter.h. Copying,
+/// comparing and destroying take no stack for depth.
 ///
 ///     JsonValue value(JsonObject{{"a", 1}});
 ///     value.member("a").asInt();   // 1
@@ -138,6 +141,9 @@ public:
     JsonValue& operator=(const JsonValue& other);
     JsonValue& operator=(JsonValue&& other) noexcept;
     ~JsonValue();
+
+    /// A value of none of the kinds; it is of use only to show what the writer says of it.
+    static JsonValue withoutType();
 
     Type type() const { return static_cast<Type>(m_content.index()); }
 
@@ -186,7 +192,16 @@ public:
 
 private:
     // The alternatives stand in the order of Type.
-    std::variant<JsonArray, bool, JsonNull, JsonNumber, JsonObject, std::string> m_content;
+    using Content = std::variant<JsonArray, bool, JsonNull, JsonNumber, JsonObject, std::string>;
+
+    template <class T, JsonTypeException::Code code = JsonTypeException::Code::invalidCast>
+    const T& as() const;
+
+    bool hasNestedValues() const;
+    void moveNestedValuesTo(std::vector<JsonValue>& values);
+    void copyTree(const JsonValue& other);
+
+    Content m_content;
 };
 
 struct JsonMember
