@@ -32,8 +32,13 @@ test-sanitize: dependencies ## Build and test with address, leak and undefined-b
 
 fuzz: dependencies ## Run each fuzz target for SECONDS (60 unless told)
 	@cmake --preset fuzz
-	@cmake --build --preset fuzz --parallel $(JOBS)
+	@cmake --build --preset fuzz --parallel $(JOBS) --target fuzzers
 	@scripts/fuzz build/fuzz/bin $(or $(SECONDS),60)
+
+bench: build ## Time the hot paths, each beside a peer or a limit
+	@build/release/bin/halvorin-benchmarks --benchmark_repetitions=5 --benchmark_report_aggregates_only=true \
+		--benchmark_display_aggregates_only=true --benchmark_enable_random_interleaving=true 2>/dev/null | \
+		grep -E '^(Benchmark|-)|_median'
 
 coverage: dependencies ## Run the tests with line counters and print a summary of what they reach
 	@cmake --preset coverage
@@ -55,4 +60,4 @@ install: build ## Install into PREFIX (/usr/local unless told)
 clean: ## Remove everything that was built
 	@rm -rf build
 
-.PHONY: help dependencies build demo test test-engine test-sanitize fuzz coverage format lint install clean
+.PHONY: help dependencies build demo test test-engine test-sanitize fuzz bench coverage format lint install clean

@@ -10,14 +10,11 @@ JsonValue nested(int depth)
 {
     JsonValue value(JsonArray{1});
     for (int level = 0; level < depth; ++level) {
-        if (level % 2 == 0)
-        {
+        if (level % 2 == 0) {
             JsonObject object{{"a", 1}};
             object.insert("b", std::move(value));
             value = JsonValue(std::move(object));
-        }
-        else
-        {
+        } else {
             JsonArray array;
             array.push_back(std::move(value));
             value = JsonValue(std::move(array));

@@ -1,0 +1,96 @@
+#include "actionlanguage/runtime/executioninterface.h"
+#include "actionlanguage/tokens/tokeniser.h"
+#include "statechart/ddcodebuilderfactory.h"
+
+#include <benchmark/benchmark.h>
+
+// The action language: what a compile, a link and a run of linked code take. A run stands beside the same
+// arithmetic in C++, which is the limit.
+
+namespace {
+
+class Silent : public AbstractExecutionInterface
+{
+public:
+    void print(const std::string&) override {}
+};
+
+const CodeBuilder& builder()
+{
+    static const std::unique_ptr<CodeBuilder> shared = DDCodeBuilderFactory::createCodeBuilder();
+    return *shared;
+}
+
+constexpr std::string_view typicalAction =
+    "int n = 0; if (isPositiveEdge(\"clk\") && isPinLow(\"rst\")) { n = getVariable_int(\"count\") + 1;"
+    " setVariable(\"count\", n % 16); writeBus(\"q\", n); } else if (isPinHigh(\"rst\"))"
+    " { setVariable(\"count\", 0); writeBus(\"q\", 0, 0.0); }";
+
+void scanBytes(benchmark::State& state)
+{
+    std::string text(typicalAction);
+    for (auto _ : state) {
+        char* start = text.data();
+        benchmark::DoNotOptimize(start);
+        benchmark::ClobberMemory();
+        int spaces = 0;
+        for (const char byte : text)
+            spaces += byte == ' ' ? 1 : 0;
+        benchmark::DoNotOptimize(spaces);
+    }
+}
+BENCHMARK(scanBytes)->Name("typical action, look at each byte (limit of tokenise)");
+
+void tokeniseAction(benchmark::State& state)
+{
+    for (auto _ : state) {
+        std::vector<Diagnostic> findings;
+        benchmark::DoNotOptimize(tokenise(typicalAction, findings));
+    }
+}
+BENCHMARK(tokeniseAction)->Name("typical action, tokenise");
+
+void compileAction(benchmark::State& state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(builder().compileStatements(typicalAction));
+}
+BENCHMARK(compileAction)->Name("typical action, compile");
+
+void linkAction(benchmark::State& state)
+{
+    const JsonValue compiled = builder().compileStatements(typicalAction).value();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(builder().linkStatements(compiled));
+}
+BENCHMARK(linkAction)->Name("typical action, link");
+
+constexpr int rounds = 10000;
+
+void runLinked(benchmark::State& state)
+{
+    const LinkedStatements linked = builder().linkStatements(
+        builder()
+            .compileStatements("int s = 0; for (int i = 0; i < 10000; ++i) { s = s + i * 3 - (i & 7); }")
+            .value());
+    Silent silent;
+    for (auto _ : state)
+        linked.execute(silent);
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * rounds);
+}
+BENCHMARK(runLinked)->Name("loop of 10000 rounds, linked")->Unit(benchmark::kMicrosecond);
+
+void runNative(benchmark::State& state)
+{
+    for (auto _ : state) {
+        int sum = 0;
+        for (int index = 0; index < rounds; ++index) {
+            sum = sum + index * 3 - (index & 7);
+            benchmark::DoNotOptimize(sum);
+        }
+    }
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * rounds);
+}
+BENCHMARK(runNative)->Name("loop of 10000 rounds, C++ (limit)")->Unit(benchmark::kMicrosecond);
+
+} // namespace

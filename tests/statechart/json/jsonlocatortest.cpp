@@ -1,0 +1,134 @@
+#include "statechart/json/jsonlocator.h"
+
+#include "statechart/json/jsonreader.h"
+#include "statechart/json/jsonwriter.h"
+
+#include <sstream>
+
+namespace {
+
+std::string located(std::string_view document, const JsonPath& path)
+{
+    const JsonRange range = locateJsonValue(document, path).value;
+    return std::string(document.substr(range.offset, range.length));
+}
+
+constexpr std::string_view document = R"( {
+  "a": [1, "two", {"b": [true , null]} ],
+  "key \"quoted\"" : { "x" : -1.5e3 },
+  "a": "later",
+  "empty": {}, "list": []
+} )";
+
+TEST(JsonLocator, FindsTheWholeDocument)
+{
+    EXPECT_EQ(located(document, {}), document.substr(1, document.size() - 2));
+}
+
+TEST(JsonLocator, FindsMembersAndElements)
+{
+    EXPECT_EQ(located(document, {"a"}), R"([1, "two", {"b": [true , null]} ])");
+    EXPECT_EQ(located(document, {"a", 0u}), "1");
+    EXPECT_EQ(located(document, {"a", 1u}), "\"two\"");
+    EXPECT_EQ(located(document, {"a", 2u, "b", 0u}), "true");
+    EXPECT_EQ(located(document, {"a", 2u, "b", 1u}), "null");
+    EXPECT_EQ(located(document, {"empty"}), "{}");
+    EXPECT_EQ(located(document, {"list"}), "[]");
+}
+
+TEST(JsonLocator, ComparesKeysAsTheyAreMeant)
+{
+    EXPECT_EQ(located(document, {"key \"quoted\"", "x"}), "-1.5e3");
+}
+
+TEST(JsonLocator, TakesTheFirstOfDuplicateKeys)
+{
+    EXPECT_EQ(located(document, {"a", 0u}), "1");
+}
+
+TEST(JsonLocator, TellsWhereTheKeyOfAMemberStands)
+{
+    const JsonLocation location = locateJsonValue(document, {"key \"quoted\"", "x"});
+    ASSERT_TRUE(location.key);
+    EXPECT_EQ(document.substr(location.key->offset, location.key->length), "\"x\"");
+    EXPECT_FALSE(locateJsonValue(document, {}).key);
+    EXPECT_FALSE(locateJsonValue(document, {"a", 0u}).key);
+}
+
+TEST(JsonLocator, FallsBackToTheDeepestValueOnTheWay)
+{
+    EXPECT_EQ(located(document, {"a", 2u, "c", "d"}), R"({"b": [true , null]})");
+    EXPECT_EQ(locateJsonValue(document, {"a", 2u, "c", "d"}).matched, 2u);
+    EXPECT_EQ(located(document, {"a", 3u}), R"([1, "two", {"b": [true , null]} ])");
+    EXPECT_EQ(located(document, {"a", 0u, 0u}), "1");
+    EXPECT_EQ(located(document, {"a", "b"}), R"([1, "two", {"b": [true , null]} ])");
+    EXPECT_EQ(located(document, {"empty", 0u}), "{}");
+    EXPECT_EQ(located(document, {"nothing"}), document.substr(1, document.size() - 2));
+    EXPECT_EQ(locateJsonValue(document, {"nothing"}).matched, 0u);
+}
+
+TEST(JsonLocator, KeepsTheKeyOfTheValueThatItFellBackTo)
+{
+    const JsonLocation location = locateJsonValue(document, {"empty", "x"});
+    ASSERT_TRUE(location.key);
+    EXPECT_EQ(document.substr(location.key->offset, location.key->length), "\"empty\"");
+}
+
+TEST(JsonLocator, TakesNoStackForDepth)
+{
+    const std::size_t depth = 1000000;
+    std::string deep = "{\"a\":";
+    deep.append(depth, '[').append(depth, ']').append(", \"b\": 1}");
+    EXPECT_EQ(located(deep, {"b"}), "1");
+    EXPECT_EQ(locateJsonValue(deep, JsonPath{"a", 0u, 0u}).value.offset, 7u);
+}
+
+TEST(JsonLocator, StaysWithinATextThatIsCutOffAnywhere)
+{
+    for (std::size_t length = 0; length <= document.size(); ++length) {
+        const std::string_view cut = document.substr(0, length);
+        for (const JsonPath& path : {JsonPath{}, JsonPath{"a", 2u, "b", 1u}, JsonPath{"key \"quoted\"", "x"},
+                                     JsonPath{"list", 0u}}) {
+            const JsonRange range = locateJsonValue(cut, path).value;
+            ASSERT_LE(range.offset, cut.size());
+            ASSERT_LE(range.end(), cut.size());
+        }
+    }
+}
+
+TEST(JsonLocator, TranslatesBytesOfADecodedString)
+{
+    const std::string_view text = R"(["a\n\"b\\c"])";
+    const JsonRange string = locateJsonValue(text, {0u}).value;
+    const std::size_t expected[] = {2, 3, 5, 7, 8, 10};
+    for (std::size_t index = 0; index < std::size(expected); ++index)
+        EXPECT_EQ(offsetOfStringByte(text, string, index), expected[index]) << index;
+}
+
+TEST(JsonLocator, PutsBytesPastAStringOnItsClosingQuote)
+{
+    const std::string_view text = R"(["ab", "", 12])";
+    EXPECT_EQ(offsetOfStringByte(text, locateJsonValue(text, {0u}).value, 2), 4u);
+    EXPECT_EQ(offsetOfStringByte(text, locateJsonValue(text, {0u}).value, 99), 4u);
+    EXPECT_EQ(offsetOfStringByte(text, locateJsonValue(text, {1u}).value, 0), 8u);
+    EXPECT_EQ(offsetOfStringByte(text, locateJsonValue(text, {2u}).value, 1), 11u);
+}
+
+TEST(JsonLocator, AgreesWithTheReaderOnEveryValue)
+{
+    std::istringstream stream{std::string(document)};
+    const JsonDocument whole = readDocument(stream);
+    const auto same = [](const JsonPath& path, const JsonValue& value) {
+        std::istringstream piece(std::string("[").append(located(document, path)).append("]"));
+        EXPECT_EQ(readDocument(piece).value().element(0), value);
+    };
+    for (const JsonMember& member : asObject(whole)) {
+        same({member.key}, member.value);
+        if (!member.value.isArray())
+            continue;
+        for (std::size_t index = 0; index < member.value.asArray().size(); ++index)
+            same({member.key, index}, member.value.element(index));
+    }
+}
+
+} // namespace
