@@ -1,9 +1,8 @@
 # A folder is a target: what stands in the folder is what the target builds.
 
 # halvorin_add_folder(NAME [LINKS target...] [PRIVATE_LINKS target...] [QT])
-#   A static library of every .cpp and .h in the current folder. Its parts are joined into the
-#   shared library with whole-archive (a static that only registers would be dropped otherwise);
-#   unit tests link the folders' targets directly.
+#   A static library of every .cpp and .h in the current folder. The shared library is made of the
+#   objects of all folders; unit tests link the folders' targets directly.
 function(halvorin_add_folder name)
     cmake_parse_arguments(FOLDER "QT" "" "LINKS;PRIVATE_LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS *.cpp)
@@ -21,7 +20,10 @@ function(halvorin_add_folder name)
         target_link_libraries(${name} PRIVATE halvorin-qt-rules)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
     endif()
+    set(libraries ${FOLDER_LINKS} ${FOLDER_PRIVATE_LINKS})
+    list(FILTER libraries EXCLUDE REGEX "^halvorin-")
     set_property(GLOBAL APPEND PROPERTY HALVORIN_FOLDERS ${name})
+    set_property(GLOBAL APPEND PROPERTY HALVORIN_FOLDER_LIBRARIES ${libraries})
 endfunction()
 
 # halvorin_add_tests(NAME LABEL label [LINKS target...] [QT])

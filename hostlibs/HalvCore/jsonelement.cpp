@@ -1,6 +1,7 @@
 #include "HalvCore/jsonelement.h"
 
 #include "HalvCore/exception.h"
+#include "HalvCore/numbertext.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -30,7 +31,7 @@ Expected<JsonElement, ErrorCode2> JsonElement::parse(const String& text)
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError) {
         return ErrorCode2(SystemError::invalidText,
-                          error.errorString().toStdString() + " at byte " + std::to_string(error.offset));
+                          error.errorString().toStdString() + " at byte " + numberText(error.offset));
     }
     const QJsonValue value =
         document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());

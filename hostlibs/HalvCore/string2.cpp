@@ -1,5 +1,6 @@
 #include "HalvCore/string2.h"
 
+#include "HalvCore/numbertext.h"
 #include "HalvCore/widetext.h"
 
 namespace Halvorin::System {
@@ -10,7 +11,7 @@ Expected<String2, ErrorCode2> utf8ToUtf8(const char* text, std::size_t length)
     std::size_t position = 0;
     while (position < bytes.size()) {
         if (!nextCharacter(bytes, position))
-            return ErrorCode2(SystemError::invalidText, "byte " + std::to_string(position));
+            return ErrorCode2(SystemError::invalidText, "byte " + numberText(position));
     }
     return String2(std::string(bytes));
 }

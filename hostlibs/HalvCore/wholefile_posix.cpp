@@ -1,6 +1,7 @@
 #include "HalvCore/wholefile.h"
 
 #include "HalvCore/nativepath.h"
+#include "HalvCore/numbertext.h"
 
 #include <array>
 #include <cerrno>
@@ -31,6 +32,11 @@ public:
 private:
     int m_number;
 };
+
+ErrorCode2 about(FileError error, const std::filesystem::path& path)
+{
+    return ErrorCode2(error, "'" + narrowPathText(path) + "'");
+}
 
 ErrorCode2 failure(FileError error, const std::filesystem::path& path, int number)
 {
@@ -67,7 +73,7 @@ std::pair<Descriptor, std::filesystem::path> makeTemporary(const std::filesystem
 {
     std::random_device random;
     for (int attempt = 0;; ++attempt) {
-        const std::filesystem::path path = folder / (".halvorin-" + std::to_string(random()) + ".tmp");
+        const std::filesystem::path path = folder / (".halvorin-" + numberText(random()) + ".tmp");
         Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         if (file.isOpen() || errno != EEXIST || attempt == 100)
             return {std::move(file), path};
@@ -105,19 +111,21 @@ Expected<void, ErrorCode2> writeWholeFile(const std::filesystem::path& path, std
     if (::stat(target.c_str(), &existing) != 0)
         return writeAndRename(target, bytes, nullptr);
     if (S_ISDIR(existing.st_mode))
-        return failure(FileError::isDirectory, path, EISDIR);
+        return about(FileError::isDirectory, path);
     if (!S_ISREG(existing.st_mode))
         return writeInPlace(path, bytes);
     if (::access(target.c_str(), W_OK) != 0)
-        return failure(FileError::accessDenied, path, errno);
+        return about(FileError::accessDenied, path);
     return writeAndRename(target, bytes, &existing);
 }
 
 Expected<ByteArray2, ErrorCode2> readWholeFile(const std::filesystem::path& path, std::size_t limit)
 {
     Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.isOpen() && errno == ENOENT)
+        return about(FileError::notFound, path);
     if (!file.isOpen())
-        return failure(errno == ENOENT ? FileError::notFound : FileError::cannotOpen, path, errno);
+        return failure(FileError::cannotOpen, path, errno);
 
     std::string bytes;
     std::array<char, 65536> block{};
@@ -125,12 +133,14 @@ Expected<ByteArray2, ErrorCode2> readWholeFile(const std::filesystem::path& path
         const ssize_t count = ::read(file.number(), block.data(), block.size());
         if (count < 0 && errno == EINTR)
             continue;
+        if (count < 0 && errno == EISDIR)
+            return about(FileError::isDirectory, path);
         if (count < 0)
-            return failure(errno == EISDIR ? FileError::isDirectory : FileError::readFailed, path, errno);
+            return failure(FileError::readFailed, path, errno);
         if (count == 0)
             return ByteArray2(std::move(bytes));
         if (bytes.size() + static_cast<std::size_t>(count) > limit)
-            return failure(FileError::tooLarge, path, EFBIG);
+            return about(FileError::tooLarge, path);
         bytes.append(block.data(), static_cast<std::size_t>(count));
     }
 }

@@ -1,6 +1,7 @@
 #ifndef HOSTSUPPORT_OPTIONTEXT_H
 #define HOSTSUPPORT_OPTIONTEXT_H
 
+#include "HalvCore/numbertext.h"
 #include "HostSupport/ystring.h"
 
 #include <charconv>
@@ -20,9 +21,7 @@ inline std::string optionText(bool value)
 template <class Number>
 std::string optionText(Number value)
 {
-    char text[64];
-    const auto result = std::to_chars(text, text + sizeof text, value);
-    return std::string(text, result.ptr);
+    return Halvorin::System::numberText(value);
 }
 
 /// The value that a text stands for; nothing when it stands for none of that type.

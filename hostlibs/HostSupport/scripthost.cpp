@@ -1,6 +1,7 @@
 #include "HostSupport/scripthost.h"
 
 #include "HalvCore/application.h"
+#include "HalvCore/numbertext.h"
 #include "HostSupport/registry.h"
 
 #include <exception>
@@ -30,12 +31,13 @@ void checkBounds(const std::string& name, std::size_t given, int minimum, int ma
 {
     if (static_cast<int>(given) >= minimum && static_cast<int>(given) <= maximum)
         return;
-    std::string wanted = std::to_string(minimum);
+    std::string wanted = Halvorin::System::numberText(minimum);
     if (maximum != minimum)
-        wanted += " to " + std::to_string(maximum);
-    throw ScriptCallException(Reason::argumentCount,
-                              name + " takes " + wanted + (wanted == "1" ? " argument, " : " arguments, ") +
-                                  std::to_string(given) + (given == 1 ? " was given" : " were given"));
+        wanted += " to " + Halvorin::System::numberText(maximum);
+    throw ScriptCallException(Reason::argumentCount, name + " takes " + wanted +
+                                                         (wanted == "1" ? " argument, " : " arguments, ") +
+                                                         Halvorin::System::numberText(given) +
+                                                         (given == 1 ? " was given" : " were given"));
 }
 
 void logCall(const std::string& name, const std::vector<std::string>& arguments)

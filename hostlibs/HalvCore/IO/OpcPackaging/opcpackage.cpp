@@ -2,6 +2,7 @@
 
 #include "HalvCore/IO/OpcPackaging/opcpackagecodec.h"
 #include "HalvCore/IO/OpcPackaging/opcpackagedata.h"
+#include "HalvCore/numbertext.h"
 
 #include <algorithm>
 
@@ -17,7 +18,7 @@ ErrorCode2 invalidName(const OpcPackagePartUri& uri)
 std::string freeId(const std::vector<OpcRelationship>& relationships)
 {
     for (std::size_t number = relationships.size() + 1;; ++number) {
-        std::string id = "R" + std::to_string(number);
+        std::string id = "R" + numberText(number);
         if (std::ranges::find(relationships, id, &OpcRelationship::id) == relationships.end())
             return id;
     }

@@ -3,6 +3,7 @@
 #include "HalvCore/IO/OpcPackaging/opcpackagedata.h"
 #include "HalvCore/IO/OpcPackaging/opcxml.h"
 #include "HalvCore/IO/ziparchive.h"
+#include "HalvCore/numbertext.h"
 
 #include <set>
 
@@ -90,7 +91,7 @@ Expected<ByteArray2, ErrorCode2> encodePackage(const OpcPackageData& package)
 Expected<void, ErrorCode2> decodePackage(std::string_view archive, OpcPackageData& package)
 {
     if (archive.size() > packageFileLimit)
-        return ErrorCode2(FileError::tooLarge, std::to_string(archive.size()) + " bytes");
+        return ErrorCode2(FileError::tooLarge, numberText(archive.size()) + " bytes");
     auto items = readZipArchive(archive, {packageItemLimit, packageContentLimit});
     if (!items)
         return items.error();

@@ -1,5 +1,7 @@
 #include "HalvCore/IO/OpcPackaging/opcxml.h"
 
+#include "HalvCore/numbertext.h"
+
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 #include <functional>
@@ -57,7 +59,7 @@ std::optional<ErrorCode2> readElements(std::string_view xml, const char* documen
     if (!reader.hasError())
         return std::nullopt;
     return ErrorCode2(FileError::damaged, std::string(document) + ": " + reader.errorString().toStdString() +
-                                              " at line " + std::to_string(reader.lineNumber()));
+                                              " at line " + numberText(reader.lineNumber()));
 }
 
 void requireAttributes(QXmlStreamReader& reader, std::initializer_list<const char*> names)

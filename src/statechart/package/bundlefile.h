@@ -1,0 +1,26 @@
+#ifndef BUNDLEFILE_H
+#define BUNDLEFILE_H
+
+#include "halvwidgetsexport.h"
+
+#include <optional>
+#include <string>
+
+/// Device bundles for who has files and not objects. Paths are narrow texts; every failure is an exception
+/// derived from std::exception whose text says what is wrong.
+
+/// What a device bundle holds, as the texts of JSON documents.
+struct HALVWIDGETS_EXPORT DeviceBundleContent
+{
+    std::optional<std::string> definition;
+    std::optional<std::string> compiled;
+};
+
+/// Compiles a definition file and writes it with its compiled device to a bundle file. Nothing is written
+/// when anything fails.
+HALVWIDGETS_EXPORT void bundleDevice(const std::string& definitionPath, const std::string& bundlePath);
+
+/// The documents of a bundle file.
+HALVWIDGETS_EXPORT DeviceBundleContent unbundleDevice(const std::string& bundlePath);
+
+#endif

@@ -1,0 +1,130 @@
+#include "shelltester.h"
+
+#include "support/smalldefinition.h"
+
+namespace {
+
+class DeviceCommands : public ShellTester
+{
+protected:
+    DeviceCommands()
+    {
+        folder.write("d.json", smallDefinition);
+        folder.write("bad.json", definitionWithoutStates);
+    }
+
+    bool exists(const std::string& name) const { return std::filesystem::exists(folder / name); }
+};
+
+} // namespace
+
+TEST_F(DeviceCommands, CompileADefinition)
+{
+    const ProcessResult result = run({"compile", "d.json", "device.json"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.error, "");
+    EXPECT_THAT(folder.read("device.json"), testing::HasSubstr("\"states\": {\"a\""));
+}
+
+TEST_F(DeviceCommands, CompileFromAndToTheStandardStreams)
+{
+    run({"compile", "d.json", "device.json"});
+    const std::string device = folder.read("device.json");
+    ProcessOptions options;
+    options.input = smallDefinition;
+    EXPECT_EQ(run({"compile", "-", "-"}, options).output, device);
+    EXPECT_EQ(run({"compile", "d.json", "-"}).output, device);
+    EXPECT_EQ(run({"compile", "-", "other.json"}, options).exitCode, 0);
+    EXPECT_EQ(folder.read("other.json"), device);
+    EXPECT_EQ(run({"compile", "d.json", "/dev/stdout"}).output, device);
+}
+
+TEST_F(DeviceCommands, ReportAFailedCompileOnStandardErrorOnly)
+{
+    const ProcessResult missing = run({"compile", "missing.json", "-"});
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_EQ(missing.output, "");
+    EXPECT_EQ(missing.error, "unable to open input file 'missing.json'\n");
+
+    const ProcessResult bad = run({"compile", "bad.json", "device.json"});
+    EXPECT_EQ(bad.exitCode, 1);
+    EXPECT_NE(bad.error, "");
+    EXPECT_EQ(folder.read("device.json"), "");
+
+    ProcessOptions options;
+    options.input = "{\n}x";
+    EXPECT_EQ(run({"compile", "-", "-"}, options).exitCode, 1);
+    options.input = "";
+    EXPECT_EQ(run({"compile", "-", "-"}, options).error,
+              "invalid JSON 'expected value' at line 1 character 1\n");
+}
+
+TEST_F(DeviceCommands, CompileFilesWithNamesOfAnyBytes)
+{
+    folder.write("d\xff.json", smallDefinition);
+    EXPECT_EQ(run({"compile", "d\xff.json", "\xe9.json"}).exitCode, 0);
+    EXPECT_TRUE(exists("\xe9.json"));
+}
+
+TEST_F(DeviceCommands, LeaveNoTemporaryFileBehind)
+{
+    ProcessOptions options;
+    options.input = smallDefinition;
+    options.environment = {{"TMPDIR", (folder / "tmp").native()}};
+    std::filesystem::create_directory(folder / "tmp");
+    EXPECT_EQ(run({"compile", "-", "-"}, options).exitCode, 0);
+    EXPECT_EQ(run({"compile", "missing.json", "-"}, options).exitCode, 1);
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "tmp"));
+}
+
+TEST_F(DeviceCommands, BundleAndUnbundleADevice)
+{
+    EXPECT_EQ(run({"bundle", "d.json", "d.hvdsc.zip"}).exitCode, 0);
+    EXPECT_EQ(runProcess({"unzip", "-t", (folder / "d.hvdsc.zip").native()}).exitCode, 0);
+    EXPECT_EQ(run({"unbundle", "d.hvdsc.zip", "new/folder"}).exitCode, 0);
+    EXPECT_EQ(folder.read("new/folder/deviceDefinition.json"), smallDefinition);
+    run({"compile", "d.json", "device.json"});
+    EXPECT_EQ(folder.read("new/folder/compiledDevice.json"), folder.read("device.json"));
+}
+
+TEST_F(DeviceCommands, BundleThroughTheStandardStreams)
+{
+    run({"bundle", "d.json", "d.hvdsc.zip"});
+    ProcessOptions options;
+    options.input = smallDefinition;
+    const ProcessResult bundle = run({"bundle", "-", "-"}, options);
+    EXPECT_EQ(bundle.exitCode, 0);
+    EXPECT_EQ(bundle.output, folder.read("d.hvdsc.zip"));
+    options.input = bundle.output;
+    EXPECT_EQ(run({"unbundle", "-", "out"}, options).exitCode, 0);
+    EXPECT_TRUE(exists("out/compiledDevice.json"));
+}
+
+TEST_F(DeviceCommands, DoNotBundleADefinitionWithErrors)
+{
+    folder.write("d.hvdsc.zip", "an earlier bundle");
+    const ProcessResult result = run({"bundle", "bad.json", "d.hvdsc.zip"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.error, "");
+    EXPECT_EQ(folder.read("d.hvdsc.zip"), "an earlier bundle");
+    EXPECT_EQ(run({"bundle", "bad.json", "-"}).output, "");
+}
+
+TEST_F(DeviceCommands, DoNotUnbundleWhatIsNoBundle)
+{
+    const ProcessResult noZip = run({"unbundle", "d.json", "out"});
+    EXPECT_EQ(noZip.exitCode, 1);
+    EXPECT_THAT(noZip.error, testing::StartsWith("the file is damaged: "));
+    EXPECT_FALSE(exists("out"));
+    EXPECT_EQ(run({"unbundle", "missing.zip", "out"}).exitCode, 1);
+}
+
+TEST_F(DeviceCommands, DoNotUnbundleIntoAFile)
+{
+    run({"bundle", "d.json", "d.hvdsc.zip"});
+    const ProcessResult result = run({"unbundle", "d.hvdsc.zip", "d.json"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.error, "");
+    EXPECT_EQ(folder.read("d.json"), smallDefinition);
+}

@@ -1,0 +1,22 @@
+#ifndef SHELLTESTER_H
+#define SHELLTESTER_H
+
+#include "support/process.h"
+#include "support/temporaryfolder.h"
+
+/// A test that runs the built shell in a folder of its own, with a user's configuration of its own.
+class ShellTester : public testing::Test
+{
+protected:
+    ProcessResult run(std::vector<std::string> arguments, ProcessOptions options = {}) const
+    {
+        arguments.insert(arguments.begin(), HALVORIN_PROGRAM);
+        options.folder = folder.path().native();
+        options.environment.emplace_back("XDG_CONFIG_HOME", (folder / "config").native());
+        return runProcess(arguments, options);
+    }
+
+    TemporaryFolder folder;
+};
+
+#endif
