@@ -25,6 +25,7 @@ int run(int argc, char** argv)
     addFunctionsCommand(application, action);
     addCallCommand(application, action);
     addCompileCommand(application, action);
+    addCheckCommand(application, action);
     addBundleCommand(application, action);
     addUnbundleCommand(application, action);
 

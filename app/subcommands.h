@@ -15,6 +15,7 @@ using Action = std::function<int()>;
 void addFunctionsCommand(CLI::App& application, Action& action);
 void addCallCommand(CLI::App& application, Action& action);
 void addCompileCommand(CLI::App& application, Action& action);
+void addCheckCommand(CLI::App& application, Action& action);
 void addBundleCommand(CLI::App& application, Action& action);
 void addUnbundleCommand(CLI::App& application, Action& action);
 

@@ -25,7 +25,7 @@ QString qString(const std::string& text)
 QString fileName(const FilePath& path)
 {
     const std::string bytes = path.toString().toLegacyUtf8();
-    const QString name = QFile::decodeName(QByteArray::fromStdString(bytes));
+    QString name = QFile::decodeName(QByteArray::fromStdString(bytes));
     if (QFile::encodeName(name).toStdString() != bytes)
         throw Exception("the name of the options file '" + bytes + "' is not valid text");
     return name;

@@ -6,8 +6,23 @@
 class BrokenStreams : public ShellTester, public testing::WithParamInterface<Stream>
 {};
 
+static std::string streamName(const testing::TestParamInfo<Stream>& stream)
+{
+    switch (stream.param) {
+    case Stream::captured:
+        return "captured";
+    case Stream::closed:
+        return "closed";
+    case Stream::brokenPipe:
+        return "brokenPipe";
+    case Stream::fullDevice:
+        break;
+    }
+    return "fullDevice";
+}
+
 INSTANTIATE_TEST_SUITE_P(EachKind, BrokenStreams,
-                         testing::Values(Stream::closed, Stream::brokenPipe, Stream::fullDevice));
+                         testing::Values(Stream::closed, Stream::brokenPipe, Stream::fullDevice), streamName);
 
 TEST_P(BrokenStreams, AreReportedForStandardOutput)
 {

@@ -16,14 +16,14 @@ TEST_F(CommandLine, ExplainsItself)
     const ProcessResult help = run({"--help"});
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_EQ(help.error, "");
-    for (const char* word : {"functions", "call", "compile", "bundle", "unbundle", "--option",
+    for (const char* word : {"functions", "call", "compile", "bundle", "unbundle", "check", "--option",
                              "--options-file", "--log", "Exit codes"})
         EXPECT_THAT(help.output, testing::HasSubstr(word));
 }
 
 TEST_F(CommandLine, ExplainsEverySubcommand)
 {
-    for (const char* command : {"functions", "call", "compile", "bundle", "unbundle"}) {
+    for (const char* command : {"functions", "call", "compile", "bundle", "unbundle", "check"}) {
         const ProcessResult help = run({command, "--help"});
         EXPECT_EQ(help.exitCode, 0) << command;
         EXPECT_THAT(help.output, testing::HasSubstr(std::string("halvorin"))) << command;
