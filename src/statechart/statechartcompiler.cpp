@@ -55,10 +55,11 @@ JsonObject StateChartCompiler::compile(const JsonObject& definition)
         const CompileRecord::Step step = m_record.enter("states");
         const JsonObject& states = definition.at("states").asObject();
         compiledStates.reserve(states.size());
-        for (const auto& [identifier, state] : states) {
+        for (const JsonMember& member : states) {
+            const std::string& identifier = member.key;
             const CompileRecord::Step stateStep = m_record.enter(identifier);
             compiledStates.insert(identifier, within(formatText("states[\"{}\"]", identifier), [&] {
-                                      return compileState(state.asObject(), identifier, 1);
+                                      return compileState(member.value.asObject(), identifier, 1);
                                   }));
         }
     }
@@ -104,7 +105,8 @@ JsonObject StateChartCompiler::compileSubstates(const JsonObject& definition, in
     const JsonObject& substates = definition.at("substates").asObject();
     JsonObject compiled;
     compiled.reserve(substates.size());
-    for (const auto& [identifier, state] : substates) {
+    for (const JsonMember& member : substates) {
+        const std::string& identifier = member.key;
         const CompileRecord::Step stateStep = m_record.enter(identifier);
         const std::string path = formatText("substates[\"{}\"]", identifier);
         if (m_nestedStates.contains(identifier))
@@ -112,8 +114,9 @@ JsonObject StateChartCompiler::compileSubstates(const JsonObject& definition, in
         if (depth >= maximumStateDepth)
             throw StateChartCompilerException(path, "states are nested too deep");
         m_nestedStates.insert(identifier);
-        compiled.insert(identifier,
-                        within(path, [&] { return compileState(state.asObject(), identifier, depth + 1); }));
+        compiled.insert(identifier, within(path, [&] {
+                            return compileState(member.value.asObject(), identifier, depth + 1);
+                        }));
     }
     return compiled;
 }
@@ -134,15 +137,16 @@ std::size_t StateChartCompiler::compileTransitions(const JsonObject& definition,
         return 0;
     const CompileRecord::Step step = m_record.enter("transitions");
     const JsonObject& transitions = value->asObject();
-    for (const auto& [identifier, transition] : transitions) {
+    for (const JsonMember& member : transitions) {
+        const std::string& identifier = member.key;
         const CompileRecord::Step transitionStep = m_record.enter(identifier);
         const std::string path = formatText("transitions[\"{}\"]", identifier);
         if (m_transitions.contains(identifier)) {
             throw StateChartCompilerException(path,
                                               formatText("duplicate transition identifier: {}", identifier));
         }
-        m_transitions.insert(identifier,
-                             within(path, [&] { return compileTransition(transition.asObject(), source); }));
+        m_transitions.insert(
+            identifier, within(path, [&] { return compileTransition(member.value.asObject(), source); }));
     }
     return transitions.size();
 }

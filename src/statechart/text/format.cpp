@@ -2,11 +2,14 @@
 
 #include "statechart/text/formatdouble.h"
 #include "statechart/text/formatspec.h"
+#include "statechart/text/numbertext.h"
 #include "statechart/text/textwidth.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -19,121 +22,86 @@ FormatKind kindOf(const FormatArgument& argument)
     return kinds[argument.value().index()];
 }
 
-/// Puts a text into its width. Numbers stand at the right unless told otherwise, everything else at the left.
-void appendPadded(std::string& output, std::string_view text, const FormatSpec& spec, char ownAlign)
+/// The library behind does the putting: `spec`, which has passed the standard's grammar, as it writes one. It
+/// would let '0' win over an alignment, which the standard does not.
+template <class Value>
+void appendThroughLibrary(std::string& output, const Value& value, const FormatSpec& spec)
 {
-    const std::size_t width = textWidth(text);
-    const auto wanted = static_cast<std::size_t>(spec.width);
-    const std::size_t padding = wanted > width ? wanted - width : 0;
-    const char align = spec.align != 0 ? spec.align : ownAlign;
-    const std::size_t before = align == '<' ? 0 : align == '^' ? padding / 2 : padding;
-    output.reserve(output.size() + text.size() + padding * spec.fill.size());
-    for (std::size_t count = 0; count < before; ++count)
-        output += spec.fill;
-    output += text;
-    for (std::size_t count = before; count < padding; ++count)
-        output += spec.fill;
+    std::string field = "{:";
+    if (spec.align != 0)
+        field.append(spec.fill).append(1, spec.align);
+    if (spec.sign != '-')
+        field += spec.sign;
+    if (spec.alternate)
+        field += '#';
+    if (spec.zero && spec.align == 0)
+        field += '0';
+    if (spec.width > 0)
+        field += numberText(std::int64_t{spec.width});
+    if (spec.precision >= 0)
+        field.append(".").append(numberText(std::int64_t{spec.precision}));
+    if (spec.type != 0)
+        field += spec.type;
+    field += '}';
+    fmt::format_to(std::back_inserter(output), fmt::runtime(field), value);
 }
 
-/// Sign, prefix and digits of a number. '0' fills with zeros behind the prefix, unless an alignment is given.
-void appendNumber(std::string& output, bool negative, std::string_view prefix, std::string_view digits,
-                  const FormatSpec& spec, bool mayFillWithZeros)
-{
-    std::string text;
-    if (negative)
-        text += '-';
-    else if (spec.sign != '-')
-        text += spec.sign;
-    text += prefix;
-    const auto width = static_cast<std::size_t>(spec.width);
-    const std::size_t length = text.size() + digits.size();
-    if (spec.zero && spec.align == 0 && mayFillWithZeros && width > length)
-        text.append(width - length, '0');
-    text += digits;
-    appendPadded(output, text, spec, '>');
-}
-
-void appendInteger(std::string& output, bool negative, std::uint64_t magnitude, const FormatSpec& spec)
-{
-    int base = 10;
-    std::string_view prefix;
-    switch (spec.type) {
-    case 'b':
-        base = 2;
-        prefix = "0b";
-        break;
-    case 'B':
-        base = 2;
-        prefix = "0B";
-        break;
-    case 'o':
-        base = 8;
-        prefix = magnitude != 0 ? "0" : "";
-        break;
-    case 'x':
-        base = 16;
-        prefix = "0x";
-        break;
-    case 'X':
-        base = 16;
-        prefix = "0X";
-        break;
-    default:
-        break;
-    }
-    char buffer[64];
-    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, magnitude, base);
-    if (spec.type == 'X') {
-        std::transform(buffer, end, buffer, [](char digit) {
-            return digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
-        });
-    }
-    appendNumber(output, negative, spec.alternate ? prefix : std::string_view(),
-                 std::string_view(buffer, static_cast<std::size_t>(end - buffer)), spec, true);
-}
-
-void append(std::string& output, std::string_view value, const FormatSpec& spec)
+/// The standard's precision counts columns, the library's characters.
+void append(std::string& output, std::string_view value, FormatSpec spec)
 {
     if (spec.precision >= 0)
-        value = textWithin(value, static_cast<std::size_t>(spec.precision));
-    appendPadded(output, value, spec, '<');
+        value = textWithin(value, static_cast<std::size_t>(std::exchange(spec.precision, -1)));
+    appendThroughLibrary(output, value, spec);
 }
 
 void append(std::string& output, bool value, const FormatSpec& spec)
 {
     if (spec.type == 0 || spec.type == 's')
-        appendPadded(output, value ? "true" : "false", spec, '<');
+        appendThroughLibrary(output, value ? "true" : "false", spec);
     else
-        appendInteger(output, false, value ? 1 : 0, spec);
+        appendThroughLibrary(output, value ? 1 : 0, spec);
 }
 
 void append(std::string& output, char value, const FormatSpec& spec)
 {
     if (spec.type == 0 || spec.type == 'c')
-        appendPadded(output, std::string_view(&value, 1), spec, '<');
+        appendThroughLibrary(output, value, spec);
     else
-        appendInteger(output, false, static_cast<unsigned char>(value), spec);
+        appendThroughLibrary(output, static_cast<unsigned>(static_cast<unsigned char>(value)), spec);
 }
 
 template <class Integer>
 void append(std::string& output, Integer value, const FormatSpec& spec)
 {
-    if (spec.type == 'c') {
-        if (!std::in_range<signed char>(value))
-            throw FormatException("an integer is no character");
-        const char character = static_cast<char>(value);
-        appendPadded(output, std::string_view(&character, 1), spec, '<');
+    if (spec.type != 'c') {
+        appendThroughLibrary(output, value, spec);
         return;
     }
-    const bool negative = std::cmp_less(value, 0);
-    const auto bits = static_cast<std::uint64_t>(value);
-    appendInteger(output, negative, negative ? std::uint64_t{0} - bits : bits, spec);
+    if (!std::in_range<signed char>(value))
+        throw FormatException("an integer is no character");
+    appendThroughLibrary(output, static_cast<char>(value), spec);
 }
 
+/// The library words some doubles in its own way, so it is given their text: sign, zeros and digits.
 void append(std::string& output, double value, const FormatSpec& spec)
 {
-    appendNumber(output, std::signbit(value), "", doubleDigits(std::fabs(value), spec), spec,
-                 std::isfinite(value));
+    std::string text;
+    if (std::signbit(value))
+        text += '-';
+    else if (spec.sign != '-')
+        text += spec.sign;
+    const std::string digits = doubleDigits(std::fabs(value), spec);
+    const auto width = static_cast<std::size_t>(spec.width);
+    const std::size_t length = text.size() + digits.size();
+    if (spec.zero && spec.align == 0 && std::isfinite(value) && width > length)
+        text.append(width - length, '0');
+    text += digits;
+
+    FormatSpec place;
+    place.fill = spec.fill;
+    place.align = spec.align != 0 ? spec.align : '>';
+    place.width = spec.width;
+    appendThroughLibrary(output, text, place);
 }
 
 class Formatter
