@@ -80,7 +80,7 @@ JsonObject StateChartCompiler::compileState(const JsonObject& definition, const 
     JsonObject compiled;
     {
         const CompileRecord::Step step = m_record.enter("type");
-        compiled.insert("type", definition.at("type"));
+        compiled.insert("type", definition.at("type").asString());
     }
     const JsonValue& type = compiled.at("type");
     const bool isCompound = type.equals("compound");

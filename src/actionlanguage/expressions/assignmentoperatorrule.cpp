@@ -59,6 +59,10 @@ LinkedExpression AssignmentOperatorRule::link(const JsonValue& form, AbstractLin
     const DataType rightType = CompiledForm::typeAt(form, "rtype");
     const auto& implementation =
         linkedImplementation(findImplementation(m_implementations, leftType, rightType));
-    const LinkedVariable& target = linkedVariable(form.member("lhs"), linker);
-    return implementation.createExpression(target, linker.linkExpression(form.member("rhs")));
+    const JsonValue& left = form.member("lhs");
+    const LinkedVariable& target = linker.findVariable(left.member("id").asString());
+    LinkedExpression assignment =
+        implementation.createExpression(target, linker.linkExpression(form.member("rhs")));
+    checkVariableType(left, target);
+    return assignment;
 }

@@ -16,7 +16,11 @@ LinkedExpression AbstractIncDecRule::link(const JsonValue& form, AbstractLinker&
 {
     const DataType type = CompiledForm::typeAt(form, "type");
     const auto& implementation = linkedImplementation(findImplementation(m_implementations, type));
-    return implementation.createExpression(linkedVariable(form.member("expr"), linker));
+    const JsonValue& operand = form.member("expr");
+    const LinkedVariable& variable = linker.findVariable(operand.member("id").asString());
+    LinkedExpression expression = implementation.createExpression(variable);
+    checkVariableType(operand, variable);
+    return expression;
 }
 
 ExpressionItem AbstractIncDecRule::reduced(const ExpressionItem& operatorItem, const Token& name,

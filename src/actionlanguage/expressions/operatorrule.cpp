@@ -35,11 +35,9 @@ ExpressionItem reducedItem(JsonObject form, DataType type, unsigned depth, const
     return ExpressionItem(ExpressionCompilationObject(std::move(form), type, depth), span);
 }
 
-const LinkedVariable& linkedVariable(const JsonValue& form, const AbstractLinker& linker)
+void checkVariableType(const JsonValue& form, const LinkedVariable& variable)
 {
-    const LinkedVariable& variable = linker.findVariable(form.member("id").asString());
     const DataType expected = CompiledForm::typeAt(form, "type");
     if (variable.type() != expected)
         throw VariableWrongTypeException(variable.id(), expected, variable.type());
-    return variable;
 }

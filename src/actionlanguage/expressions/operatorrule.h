@@ -61,8 +61,8 @@ const Implementation& linkedImplementation(const Implementation* found)
     return *found;
 }
 
-/// The variable that a compiled form {"type", "id"} refers to.
-/// @throws VariableNotFoundException; VariableWrongTypeException when its storage is of another type.
-const LinkedVariable& linkedVariable(const JsonValue& form, const AbstractLinker& linker);
+/// Holds the "type" of a compiled form {"type", "id"} against the variable that it refers to.
+/// @throws VariableWrongTypeException when the variable's storage is of another type.
+void checkVariableType(const JsonValue& form, const LinkedVariable& variable);
 
 #endif

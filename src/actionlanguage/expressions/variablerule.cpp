@@ -30,5 +30,7 @@ bool VariableRule::canLink(const JsonValue& form) const
 
 LinkedExpression VariableRule::link(const JsonValue& form, const AbstractLinker& linker) const
 {
-    return linkedVariable(form, linker).visit([](const auto& storage) { return reading(storage); });
+    const LinkedVariable& variable = linker.findVariable(form.member("id").asString());
+    checkVariableType(form, variable);
+    return variable.visit([](const auto& storage) { return reading(storage); });
 }

@@ -30,8 +30,10 @@ void compileDeclarator(const TypeSpecifier& specifier, TokenStream& tokens, Abst
     if (!isInitialised)
         return;
 
-    // Read from the name on, the initialiser is an assignment, which "const" does not bar here.
+    // Read from the name on, the initialiser is an assignment, which "const" does not bar here. The variable
+    // counts as initialised on its right side already.
     tokens.stepBack();
+    compiler.markInitialised(id);
     compiler.setConst(id, false);
     statements.push_back(expressionStatementForm(compiler.compileExpression(tokens, false)));
     compiler.setConst(id, specifier.isConst);

@@ -1,0 +1,374 @@
+// Hostile texts: whatever they are, a compile ends soon, with a compiled form or a clear exception.
+
+#include "languagetester.h"
+#include "support/concatenated.h"
+#include "support/jsontext.h"
+#include "support/recordinginterface.h"
+
+#include <random>
+
+namespace {
+
+constexpr int many = 100000;
+
+std::string repeated(std::string_view text, int times)
+{
+    std::string result;
+    result.reserve(text.size() * static_cast<std::size_t>(times));
+    for (int i = 0; i < times; ++i)
+        result += text;
+    return result;
+}
+
+/// Whether a compiled form has a "for" that lacks a clause, which the linker refuses.
+bool hasIncompleteFor(const JsonValue& form)
+{
+    if (form.isArray()) {
+        for (const JsonValue& element : form.asArray())
+            if (hasIncompleteFor(element))
+                return true;
+    } else if (form.isObject()) {
+        if (form.has("rule") && form.member("rule").equals("for") &&
+            !(form.has("init") && form.has("cond") && form.has("iter")))
+            return true;
+        for (const JsonMember& member : form.asObject())
+            if (hasIncompleteFor(member.value))
+                return true;
+    }
+    return false;
+}
+
+/// Compiles, checks that an error lies in the text and can be worded, and that what compiles also links.
+/// Tells whether it compiled.
+bool endsWell(const std::string& source)
+{
+    try {
+        const CompileResult result = languageBuilder().compileStatements(source);
+        for (const Diagnostic& warning : result.warnings())
+            EXPECT_FALSE(describeWarning(warning, source).empty());
+        if (!result.hasValue()) {
+            EXPECT_FALSE(result.findings().empty());
+            return false;
+        }
+        if (hasIncompleteFor(result.value())) {
+            EXPECT_THROW((void)languageBuilder().linkStatements(result.value()), JsonTypeException);
+        } else {
+            EXPECT_NO_THROW((void)languageBuilder().linkStatements(result.value()));
+        }
+        return true;
+    } catch (const CompilationException& error) {
+        EXPECT_FALSE(error.message(source).empty());
+        const SourceSpan& span = error.span();
+        EXPECT_TRUE(span.position == positionUnknown || span.end() <= source.size())
+            << describe(error, source);
+    } catch (const TokeniserAllocationFailure& failure) {
+        EXPECT_LT(failure.position(), source.size());
+    } catch (const LiteralConversionException& failure) {
+        EXPECT_LE(failure.span().end(), source.size());
+    }
+    return false;
+}
+
+constexpr std::string_view smallAction =
+    "const int x = 1; if (x < 2) { print(\"a\\n\"); } else y(1, 'b'); int64_t z = 3; z <<= x + .5e1; // end";
+
+TEST(AnyByte, InThePlaceOfAnyOtherEndsWell)
+{
+    for (std::size_t place = 0; place < smallAction.size(); ++place)
+        for (int byte = 0; byte < 256; ++byte) {
+            std::string source(smallAction);
+            source[place] = static_cast<char>(byte);
+            endsWell(source);
+            ASSERT_FALSE(HasFailure()) << "byte " << byte << " at " << place;
+        }
+}
+
+TEST(AnyByte, BetweenAnyOthersEndsWell)
+{
+    for (std::size_t place = 0; place <= smallAction.size(); ++place)
+        for (int byte = 0; byte < 256; ++byte) {
+            std::string source(smallAction);
+            source.insert(place, 1, static_cast<char>(byte));
+            endsWell(source);
+            ASSERT_FALSE(HasFailure()) << "byte " << byte << " before " << place;
+        }
+}
+
+TEST(AnyByte, TakenOutEndsWell)
+{
+    for (std::size_t place = 0; place < smallAction.size(); ++place)
+        for (std::size_t length = 1; length <= smallAction.size() - place; ++length) {
+            std::string source(smallAction);
+            source.erase(place, length);
+            endsWell(source);
+            ASSERT_FALSE(HasFailure()) << length << " at " << place;
+        }
+}
+
+TEST(AnyByte, AsAConditionOrAnExpressionEndsWell)
+{
+    for (int first = 0; first < 256; ++first)
+        for (int second = 0; second < 256; ++second) {
+            const std::string source = {static_cast<char>(first), static_cast<char>(second)};
+            try {
+                (void)languageBuilder().compileCondition(source);
+                (void)languageBuilder().compileExpression(source);
+            } catch (const CompilationException& error) {
+                EXPECT_FALSE(error.message(source).empty());
+            } catch (const TokeniserAllocationFailure&) {
+            }
+        }
+}
+
+TEST(AnyTokens, InAnyOrderEndWell)
+{
+    constexpr std::string_view words[] = {
+        "x",        "y",  "1",   "2.5",   "'c'",    "\"s\"",  "true", "int ",       "const ", "string ",
+        "int64_t ", "if", "(",   ")",     "{",      "}",      "[",    "]",          ";",      ",",
+        "=",        "+",  "-",   "++",    "--",     "*",      "/",    "%",          "<<",     ">>",
+        "<",        "==", "&&",  "!",     "~",      "+=",     "^=",   "sin",        "max",    "print",
+        "while",    "do", "for", "else ", "?",      ":",      ".",    "->",         "#",      "void",
+        "long",     "\"", "'",   "\\\"",  "return", "x = 1;", "(1)",  "int x = 1;", "\n",     "",
+    };
+    std::mt19937 random(20240229);
+    int compiled = 0;
+    for (int round = 0; round < 60000; ++round) {
+        std::string source = round % 3 == 0 ? "int x = 1; " : "";
+        for (auto length = random() % 12; length > 0; --length) {
+            source += words[random() % std::size(words)];
+            source += random() % 4 == 0 ? " " : "";
+        }
+        try {
+            compiled += endsWell(source);
+        } catch (const std::exception& failure) {
+            ADD_FAILURE() << failure.what();
+        }
+        ASSERT_FALSE(HasFailure()) << source;
+    }
+    EXPECT_GT(compiled, 1000) << "the texts should reach the rules";
+}
+
+/// A text as head, a part that repeats, middle, another part that repeats, and tail. It is put together in
+/// the test that needs it.
+struct HostileText
+{
+    const char* name;
+    std::string_view head;
+    std::string_view open;
+    std::string_view middle;
+    std::string_view close;
+    std::string_view tail;
+
+    std::string text() const
+    {
+        return concatenated({head, repeated(open, many), middle, repeated(close, many), tail});
+    }
+};
+
+void PrintTo(const HostileText& hostile, std::ostream* output)
+{
+    *output << hostile.name;
+}
+
+constexpr HostileText hostileTexts[] = {
+    {"open_parentheses", "", "(", "", "", ""},
+    {"closing_parentheses", "", ")", "", "", ""},
+    {"parentheses", "", "(", "1", ")", ";"},
+    {"parentheses_around_sums", "", "(1 + ", "1", ")", ";"},
+    {"empty_parentheses", "", "(", "", ")", ";"},
+    {"open_brackets_of_all_kinds", "x = ", "([{", "", "", ""},
+    {"brackets_of_all_kinds", "x = ", "([{", "1", "}])", ";"},
+    {"open_blocks", "", "{", "", "", ""},
+    {"blocks", "", "{", "", "}", ""},
+    {"blocks_side_by_side", "", "{}", "", "", ""},
+    {"blocks_with_a_variable", "", "{ int x; }", "", "", ""},
+    {"minuses", "", "- ", "1", "", ";"},
+    {"pluses", "", "+ ", "1", "", ";"},
+    {"nots", "", "!", "true", "", ";"},
+    {"complements", "", "~", "1", "", ";"},
+    {"increments", "", "++", "x", "", ";"},
+    {"suffix_increments", "", "", "x", "++", ";"},
+    {"open_calls", "", "sin(", "", "", ""},
+    {"calls", "", "sin(", "1.5", ")", ";"},
+    {"calls_as_the_first_argument", "", "max(", "1", ", 1)", ";"},
+    {"calls_as_the_second_argument", "", "max(1, ", "1", ")", ";"},
+    {"calls_of_alternating_functions", "", "sin(cos(", "1.5", "))", ";"},
+    {"arguments", "max(", "1, ", "1", "", ");"},
+    {"a_sum", "", "1 + ", "1", "", ";"},
+    {"a_sum_of_calls", "", "sin(1.5) + ", "1", "", ";"},
+    {"a_sum_and_a_difference", "", "1 + 1 - ", "1", "", ";"},
+    {"a_product_of_unary_minuses", "", "-1 * ", "1", "", ";"},
+    {"all_binary_operators", "", "1 * 2 / 3 % 4 + 5 - 6 << 7 >> 8 & 9 ^ 10 | ", "1", "", ";"},
+    {"operators_without_operands", "", "* ", "", "", ";"},
+    {"assignments", "int x; ", "x = ", "1", "", ";"},
+    {"compound_assignments", "int x; ", "x += ", "1", "", ";"},
+    {"commas", "", "1, ", "1", "", ";"},
+    {"commas_alone", "1", ",", "", "", ";"},
+    {"ifs", "", "if (1) ", "", "", ";"},
+    {"elses", "", "if (1) ; else ", "", "", ";"},
+    {"ifs_and_elses", "", "if (1) ", ";", " else ;", ""},
+    {"whiles", "", "while (0) ", "", "", ";"},
+    {"dos", "", "do ", ";", " while (0);", ""},
+    {"open_dos", "", "do ", "", "", ""},
+    {"fors", "", "for (;;) ", "", "", ";"},
+    {"statements", "", "1; ", "", "", ""},
+    {"null_statements", "", ";", "", "", ""},
+    {"specifiers", "", "const ", "int x", "", ";"},
+    {"identifiers", "", "x ", "", "", ";"},
+    {"literals", "", "1 ", "", "", ";"},
+    {"chars", "", "'a' ", "", "", ";"},
+    {"keywords", "", "return ", "", "", ""},
+    {"a_long_identifier", "", "x", "", "", ";"},
+    {"a_long_number", "", "9", "", "", ";"},
+    {"a_long_fraction", "", "9", ".5", "", ";"},
+    {"a_long_string", "\"", "text", "", "", "\";"},
+    {"a_long_comment", "// ", "text\\\n", "", "", ""},
+    {"unknown_escapes", "\"", "\\q", "", "", "\";"},
+    {"quotes", "", "\"", "", "", ""},
+    {"newlines_in_strings", "", "\"\n", "", "", ""},
+    {"comment_openers", "", "/*", "", "", ""},
+    {"slashes_and_stars", "", "/ * ", "", "", ""},
+    {"type_words_in_parentheses", "(", "int ", "", "", ")1;"},
+    {"pairs_behind_a_literal", "1", "(1)", "", "", ";"},
+    {"pairs_behind_operators", "", "(1) + ", "1", "", ";"},
+    {"blanks", "", " ", "", "", ""},
+};
+
+class HostileTexts : public testing::TestWithParam<HostileText>
+{};
+
+TEST_P(HostileTexts, EndWell)
+{
+    endsWell(GetParam().text());
+}
+
+TEST_P(HostileTexts, EndWellAsACondition)
+{
+    const std::string source = GetParam().text();
+    try {
+        (void)languageBuilder().compileCondition(source);
+    } catch (const CompilationException& error) {
+        EXPECT_FALSE(error.message(source).empty());
+    } catch (const LiteralConversionException&) {
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Robustness, HostileTexts, testing::ValuesIn(hostileTexts),
+                         [](const auto& given) { return std::string(given.param.name); });
+
+TEST(ManyVariables, EndWell)
+{
+    std::string source;
+    for (int i = 0; i < 5000; ++i)
+        source += concatenated({"int x", std::to_string(i), " = ", std::to_string(i), "; "});
+    EXPECT_TRUE(endsWell(source + "x4999;"));
+}
+
+struct NestingText
+{
+    const char* name;
+    std::string open;
+    std::string middle;
+    std::string close;
+};
+
+void PrintTo(const NestingText& nesting, std::ostream* output)
+{
+    *output << nesting.name;
+}
+
+class Nesting : public testing::TestWithParam<NestingText>
+{
+protected:
+    static std::string nested(int depth)
+    {
+        return concatenated(
+            {repeated(GetParam().open, depth), GetParam().middle, repeated(GetParam().close, depth), ";"});
+    }
+};
+
+TEST_P(Nesting, OfHonestDepthCompilesLinksAndRuns)
+{
+    EXPECT_NO_THROW((void)printedBy(nested(60)));
+}
+
+TEST_P(Nesting, OfHostileDepthIsItsOwnError)
+{
+    const std::string source = nested(many);
+    try {
+        (void)languageBuilder().compileStatements(source);
+        FAIL() << "compiles";
+    } catch (const NestingException& error) {
+        EXPECT_STREQ(error.what(), "compilation error");
+        EXPECT_FALSE(error.message(source).empty());
+        EXPECT_LE(error.span().end(), source.size());
+    }
+}
+
+/// Whatever compiles must also be written, read, linked and run: the limits of the passes fit each other.
+TEST_P(Nesting, OfAnyDepthThatCompilesAlsoLinksAndRuns)
+{
+    for (int depth = 1; depth < 20000; depth += 1 + depth / 16) {
+        const std::string source = nested(depth);
+        RecordingInterface recorder;
+        try {
+            const CompileResult compiled = languageBuilder().compileStatements(source);
+            const JsonValue form = jsonOf(toString(compiled.value()));
+            EXPECT_EQ(form, compiled.value());
+            languageBuilder().linkStatements(form).execute(recorder);
+        } catch (const NestingException&) {
+            return;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Robustness, Nesting,
+                         testing::Values(NestingText{"parentheses_around_unary_operators", "-(", "1", ")"},
+                                         NestingText{"parentheses", "(", "1", ")"},
+                                         NestingText{"blocks", "{", "", "}"},
+                                         NestingText{"unary_operators", "- ", "1", ""},
+                                         NestingText{"calls", "sin(", "1.5", ")"},
+                                         NestingText{"ifs", "if (true) ", "", ""},
+                                         NestingText{"elses", "if (false) ; else ", "", ""},
+                                         NestingText{"loops", "while (false) ", "", ""},
+                                         NestingText{"dos", "do ", "", "; while (false)"}),
+                         [](const auto& given) { return std::string(given.param.name); });
+
+TEST(StatementsAndExpressions, NestedDeeplyAtOnceCompileLinkAndRun)
+{
+    for (const auto& [open, close] :
+         {std::pair("sin(", ")"), std::pair("(1.5 + ", ")"), std::pair("- ", "")}) {
+        const std::string source = concatenated({repeated("if (true) {", 450), repeated(open, 900), "1.5",
+                                                 repeated(close, 900), ";", repeated("}", 450)});
+        RecordingInterface recorder;
+        const CompileResult compiled = languageBuilder().compileStatements(source);
+        const JsonValue form = jsonOf(toString(compiled.value()));
+        EXPECT_NO_THROW(languageBuilder().linkStatements(form).execute(recorder)) << open;
+    }
+}
+
+TEST(DeepForms, EndWellInTheLinker)
+{
+    for (const int depth : {100, 1000, 4000}) {
+        const std::string blocks = concatenated(
+            {R"({"statements": )", repeated("[", depth), repeated("]", depth), R"(, "variables": {}})"});
+        const std::string minuses =
+            concatenated({repeated(R"({"rule": "unop", "op": "-", "type": "double", "expr": )", depth), "1.5",
+                          repeated("}", depth)});
+        const std::string ifs = concatenated({R"({"statements": [)",
+                                              repeated(R"({"rule": "if", "cond": true, "onTrue": )", depth),
+                                              "null", repeated("}", depth), R"(], "variables": {}})"});
+        RecordingInterface recorder;
+        try {
+            languageBuilder().linkStatements(jsonOf(blocks)).execute(recorder);
+            languageBuilder().linkStatements(jsonOf(ifs)).execute(recorder);
+            const LinkedExpression linked = languageBuilder().linkExpression(jsonOf(minuses));
+            EXPECT_EQ(std::abs(linked.as<double>().evaluate(recorder)), 1.5);
+        } catch (const std::runtime_error& failure) {
+            EXPECT_STRNE(failure.what(), "");
+            EXPECT_GT(depth, 100) << failure.what();
+        }
+    }
+}
+
+} // namespace
