@@ -46,8 +46,3 @@ BuildRules::BuildRules(FunctionRules deviceFunctions)
     : m_expressionRules(constructExpressionRules(allFunctionRules(std::move(deviceFunctions)))),
       m_literalRules(constructLiteralRules()), m_statementRules(constructStatementRules())
 {}
-
-std::unique_ptr<CodeBuilder> createCodeBuilder()
-{
-    return std::make_unique<CodeBuilder>(std::make_shared<const BuildRules>(FunctionRules()));
-}

@@ -1,7 +1,6 @@
 #ifndef BUILDRULES_H
 #define BUILDRULES_H
 
-#include "actionlanguage/codebuilder.h"
 #include "actionlanguage/expressions/castrule.h"
 #include "actionlanguage/expressions/functionrule.h"
 #include "actionlanguage/expressions/variablerule.h"
@@ -31,8 +30,5 @@ private:
     VariableRule m_variableRule;
     CastRule m_castRule;
 };
-
-/// A builder that knows the general library of functions alone.
-std::unique_ptr<CodeBuilder> createCodeBuilder();
 
 #endif

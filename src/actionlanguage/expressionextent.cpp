@@ -4,6 +4,10 @@
 
 namespace {
 
+/// The tokens of an expression, each counted once for every bracket that is open around it. A text that is
+/// deep and wide at once would take time and memory by the product.
+constexpr std::size_t maximumWork = 2'000'000;
+
 /// The brackets that are open, and with them the answer whether a token still belongs to the expression.
 class OpenBrackets
 {
@@ -14,6 +18,10 @@ public:
     {
         if (token.kind() == TokenKind::fileEnd)
             return false;
+        // Each level of brackets goes over all that stands in it again.
+        m_work += m_partners.size();
+        if (m_work > maximumWork)
+            throw NestingException(token.span());
         if (token.kind() != TokenKind::punctuator)
             return true;
         switch (token.punctuator()) {
@@ -55,6 +63,7 @@ private:
 
     bool m_commaAllowed;
     std::vector<PunctuatorId> m_partners;
+    std::size_t m_work = 0;
 };
 
 } // namespace

@@ -6,7 +6,8 @@
 
 /// How far an expression reaches: the items up to a ";" at whatever depth, a closing bracket that was not
 /// opened in it, or a comma outside of all brackets where none is allowed. They are consumed.
-/// @throws NestingException where brackets nest deeper than `languageMaximumDepth`.
+/// @throws NestingException where brackets nest deeper than `languageMaximumDepth`, or hold far too much at
+/// a depth.
 ItemList gatherExpression(TokenStream& tokens, bool commaAllowed);
 ItemList gatherExpression(ItemStream& items, bool commaAllowed);
 

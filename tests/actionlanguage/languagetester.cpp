@@ -27,8 +27,9 @@ std::string shapeOfCall(const JsonValue& call)
 
 const CodeBuilder& languageBuilder()
 {
-    static const std::unique_ptr<CodeBuilder> builder = createCodeBuilder();
-    return *builder;
+    // The general library alone: no functions of a device.
+    static const CodeBuilder builder(std::make_shared<const BuildRules>(FunctionRules()));
+    return builder;
 }
 
 std::string describe(std::uint32_t code, const SourceSpan& span, const std::string& message)

@@ -69,7 +69,7 @@ std::string printed(const std::string& statements)
     return lines.size() == 1 ? withoutSignOfNan(lines.front()) : "not one line";
 }
 
-/// How the run of an action ends: "done", or what() of the failure.
+/// How the run of an action ends: "done" or "failed".
 std::string runOutcome(const std::string& statements)
 {
     try {

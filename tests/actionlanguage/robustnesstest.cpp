@@ -69,6 +69,23 @@ bool endsWell(const std::string& source)
     return false;
 }
 
+/// Compiles as a condition or an expression, and checks that an error lies in the text and can be worded.
+void endsWellAs(CompileResult (CodeBuilder::*compile)(std::string_view) const, const std::string& source)
+{
+    try {
+        (void)(languageBuilder().*compile)(source);
+    } catch (const CompilationException& error) {
+        EXPECT_FALSE(error.message(source).empty());
+        const SourceSpan& span = error.span();
+        EXPECT_TRUE(span.position == positionUnknown || span.end() <= source.size())
+            << describe(error, source);
+    } catch (const TokeniserAllocationFailure& failure) {
+        EXPECT_LT(failure.position(), source.size());
+    } catch (const LiteralConversionException& failure) {
+        EXPECT_LE(failure.span().end(), source.size());
+    }
+}
+
 constexpr std::string_view smallAction =
     "const int x = 1; if (x < 2) { print(\"a\\n\"); } else y(1, 'b'); int64_t z = 3; z <<= x + .5e1; // end";
 
@@ -110,13 +127,8 @@ TEST(AnyByte, AsAConditionOrAnExpressionEndsWell)
     for (int first = 0; first < 256; ++first)
         for (int second = 0; second < 256; ++second) {
             const std::string source = {static_cast<char>(first), static_cast<char>(second)};
-            try {
-                (void)languageBuilder().compileCondition(source);
-                (void)languageBuilder().compileExpression(source);
-            } catch (const CompilationException& error) {
-                EXPECT_FALSE(error.message(source).empty());
-            } catch (const TokeniserAllocationFailure&) {
-            }
+            endsWellAs(&CodeBuilder::compileCondition, source);
+            endsWellAs(&CodeBuilder::compileExpression, source);
         }
 }
 
@@ -244,17 +256,35 @@ TEST_P(HostileTexts, EndWell)
 
 TEST_P(HostileTexts, EndWellAsACondition)
 {
-    const std::string source = GetParam().text();
-    try {
-        (void)languageBuilder().compileCondition(source);
-    } catch (const CompilationException& error) {
-        EXPECT_FALSE(error.message(source).empty());
-    } catch (const LiteralConversionException&) {
-    }
+    endsWellAs(&CodeBuilder::compileCondition, GetParam().text());
 }
 
 INSTANTIATE_TEST_SUITE_P(Robustness, HostileTexts, testing::ValuesIn(hostileTexts),
                          [](const auto& given) { return std::string(given.param.name); });
+
+/// Deep and wide at once: the product is what would take memory and time.
+TEST(DeepAndWide, IsItsOwnError)
+{
+    const std::string ones = repeated("1,", 10000) + "1";
+    for (const std::string& source :
+         {concatenated({repeated("sin(", 900), ones, repeated(")", 900), ";"}),
+          concatenated({repeated("max(", 900), ones, repeated(",1)", 900), ";"}),
+          concatenated({repeated("(", 900), repeated("1 ", 10000), repeated(")", 900), ";"})}) {
+        try {
+            (void)languageBuilder().compileStatements(source);
+            ADD_FAILURE() << "compiles";
+        } catch (const NestingException& error) {
+            EXPECT_THAT(error.message(source), testing::EndsWith(": nested too deeply"));
+        }
+    }
+}
+
+TEST(DeepAndWide, OfHonestSizeCompiles)
+{
+    EXPECT_TRUE(
+        endsWell(concatenated({repeated("(", 20), "1", repeated(" + 1", 900), repeated(")", 20), ";"})));
+    EXPECT_TRUE(endsWell(concatenated({"1", repeated(", max(1, (2))", 900), ";"})));
+}
 
 TEST(ManyVariables, EndWell)
 {
@@ -270,6 +300,7 @@ struct NestingText
     std::string open;
     std::string middle;
     std::string close;
+    int deepest; ///< the last depth that compiles
 };
 
 void PrintTo(const NestingText& nesting, std::ostream* output)
@@ -300,39 +331,42 @@ TEST_P(Nesting, OfHostileDepthIsItsOwnError)
         FAIL() << "compiles";
     } catch (const NestingException& error) {
         EXPECT_STREQ(error.what(), "compilation error");
-        EXPECT_FALSE(error.message(source).empty());
-        EXPECT_LE(error.span().end(), source.size());
+        EXPECT_EQ(error.code(), LanguageError::nestedTooDeeply);
+        ASSERT_LE(error.span().end(), source.size());
+        const std::string blamed = source.substr(error.span().position, error.span().length);
+        EXPECT_EQ(error.message(source), concatenated({"'", blamed, "': nested too deeply"}));
     }
+}
+
+TEST_P(Nesting, HasItsLimitWhereItIsDocumented)
+{
+    EXPECT_NO_THROW((void)languageBuilder().compileStatements(nested(GetParam().deepest)));
+    EXPECT_THROW((void)languageBuilder().compileStatements(nested(GetParam().deepest + 1)), NestingException);
 }
 
 /// Whatever compiles must also be written, read, linked and run: the limits of the passes fit each other.
 TEST_P(Nesting, OfAnyDepthThatCompilesAlsoLinksAndRuns)
 {
-    for (int depth = 1; depth < 20000; depth += 1 + depth / 16) {
-        const std::string source = nested(depth);
+    for (int depth = GetParam().deepest; depth > 0; depth -= 1 + depth / 3) {
         RecordingInterface recorder;
-        try {
-            const CompileResult compiled = languageBuilder().compileStatements(source);
-            const JsonValue form = jsonOf(toString(compiled.value()));
-            EXPECT_EQ(form, compiled.value());
-            languageBuilder().linkStatements(form).execute(recorder);
-        } catch (const NestingException&) {
-            return;
-        }
+        const CompileResult compiled = languageBuilder().compileStatements(nested(depth));
+        const JsonValue form = jsonOf(toString(compiled.value()));
+        EXPECT_EQ(form, compiled.value());
+        EXPECT_NO_THROW(languageBuilder().linkStatements(form).execute(recorder)) << depth;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Robustness, Nesting,
-                         testing::Values(NestingText{"parentheses_around_unary_operators", "-(", "1", ")"},
-                                         NestingText{"parentheses", "(", "1", ")"},
-                                         NestingText{"blocks", "{", "", "}"},
-                                         NestingText{"unary_operators", "- ", "1", ""},
-                                         NestingText{"calls", "sin(", "1.5", ")"},
-                                         NestingText{"ifs", "if (true) ", "", ""},
-                                         NestingText{"elses", "if (false) ; else ", "", ""},
-                                         NestingText{"loops", "while (false) ", "", ""},
-                                         NestingText{"dos", "do ", "", "; while (false)"}),
-                         [](const auto& given) { return std::string(given.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Robustness, Nesting,
+    testing::Values(NestingText{"parentheses_around_unary_operators", "-(", "1", ")", 999},
+                    NestingText{"parentheses", "(", "1", ")", 999}, NestingText{"blocks", "{", "", "}", 1000},
+                    NestingText{"unary_operators", "- ", "1", "", 999},
+                    NestingText{"calls", "sin(", "1.5", ")", 999},
+                    NestingText{"ifs", "if (true) ", "", "", 999},
+                    NestingText{"elses", "if (false) ; else ", "", "", 999},
+                    NestingText{"loops", "while (false) ", "", "", 999},
+                    NestingText{"dos", "do ", "", "; while (false)", 999}),
+    [](const auto& given) { return std::string(given.param.name); });
 
 TEST(StatementsAndExpressions, NestedDeeplyAtOnceCompileLinkAndRun)
 {
@@ -347,28 +381,57 @@ TEST(StatementsAndExpressions, NestedDeeplyAtOnceCompileLinkAndRun)
     }
 }
 
-TEST(DeepForms, EndWellInTheLinker)
+/// Links and runs a form; what the linker says against it, or nothing.
+template <class LinkAndRun>
+std::string refusal(LinkAndRun linkAndRun)
 {
-    for (const int depth : {100, 1000, 4000}) {
-        const std::string blocks = concatenated(
-            {R"({"statements": )", repeated("[", depth), repeated("]", depth), R"(, "variables": {}})"});
-        const std::string minuses =
-            concatenated({repeated(R"({"rule": "unop", "op": "-", "type": "double", "expr": )", depth), "1.5",
-                          repeated("}", depth)});
-        const std::string ifs = concatenated({R"({"statements": [)",
-                                              repeated(R"({"rule": "if", "cond": true, "onTrue": )", depth),
-                                              "null", repeated("}", depth), R"(], "variables": {}})"});
-        RecordingInterface recorder;
-        try {
-            languageBuilder().linkStatements(jsonOf(blocks)).execute(recorder);
-            languageBuilder().linkStatements(jsonOf(ifs)).execute(recorder);
-            const LinkedExpression linked = languageBuilder().linkExpression(jsonOf(minuses));
-            EXPECT_EQ(std::abs(linked.as<double>().evaluate(recorder)), 1.5);
-        } catch (const std::runtime_error& failure) {
-            EXPECT_STRNE(failure.what(), "");
-            EXPECT_GT(depth, 100) << failure.what();
-        }
+    try {
+        linkAndRun();
+        return "";
+    } catch (const std::runtime_error& failure) {
+        return failure.what();
     }
 }
+
+class DeepForms : public testing::TestWithParam<int>
+{
+protected:
+    static void expectOutcome(const std::string& refused)
+    {
+        EXPECT_EQ(refused, GetParam() > 2002 ? "compiled code is nested too deeply" : "");
+    }
+
+    static void expectStatements(std::string_view open, std::string_view middle, std::string_view close)
+    {
+        const std::string form = concatenated({R"({"statements": [)", repeated(open, GetParam()), middle,
+                                               repeated(close, GetParam()), R"(], "variables": {}})"});
+        RecordingInterface recorder;
+        expectOutcome(refusal([&] { languageBuilder().linkStatements(jsonOf(form)).execute(recorder); }));
+    }
+};
+
+TEST_P(DeepForms, OfBlocksLinkUpToTheLimit)
+{
+    expectStatements("[", "", "]");
+}
+
+TEST_P(DeepForms, OfBranchesLinkUpToTheLimit)
+{
+    expectStatements(R"({"rule": "if", "cond": true, "onTrue": )", "[]", "}");
+}
+
+TEST_P(DeepForms, OfOperatorsLinkUpToTheLimit)
+{
+    const std::string form =
+        concatenated({repeated(R"({"rule": "unop", "op": "-", "type": "double", "expr": )", GetParam()),
+                      "1.5", repeated("}", GetParam())});
+    RecordingInterface recorder;
+    expectOutcome(refusal([&] {
+        const LinkedExpression linked = languageBuilder().linkExpression(jsonOf(form));
+        EXPECT_EQ(std::abs(linked.as<double>().evaluate(recorder)), 1.5);
+    }));
+}
+
+INSTANTIATE_TEST_SUITE_P(Robustness, DeepForms, testing::Values(100, 1000, 2000, 2003, 4000));
 
 } // namespace

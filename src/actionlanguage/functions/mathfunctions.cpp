@@ -1,4 +1,5 @@
 #include "actionlanguage/functions/functionlibrary.h"
+#include "actionlanguage/functions/loggamma.h"
 
 #include "actionlanguage/runtime/executioninterface.h"
 
@@ -57,7 +58,7 @@ constexpr auto table = std::to_array<MathFunction>({
     {"exp", unary<[](double x) { return std::exp(x); }>},
     {"exp2", unary<[](double x) { return std::exp2(x); }>},
     {"floor", unary<[](double x) { return std::floor(x); }>},
-    {"lgamma", unary<[](double x) { return std::lgamma(x); }>},
+    {"lgamma", unary<[](double x) { return logGamma(x); }>},
     {"log", unary<[](double x) { return std::log(x); }>},
     {"log10", unary<[](double x) { return std::log10(x); }>},
     {"log2", unary<[](double x) { return std::log2(x); }>},

@@ -16,7 +16,7 @@ RequiresPositionException::RequiresPositionException(LanguageError code)
 {}
 
 NestingException::NestingException(const SourceSpan& span)
-    : CompilationException(LanguageError::unexpectedToken, span)
+    : CompilationException(LanguageError::nestedTooDeeply, span)
 {}
 
 std::string NestingException::message(std::string_view source) const

@@ -32,7 +32,7 @@ public:
     explicit RequiresPositionException(LanguageError code);
 };
 
-/// Blocks, parentheses or operands nest deeper than the compiler goes.
+/// Blocks, parentheses or operands nest deeper than the compiler goes: "'{}': nested too deeply".
 class HALVWIDGETS_EXPORT NestingException : public CompilationException
 {
 public:

@@ -71,6 +71,9 @@ enum class LanguageError : std::uint32_t
     unsupportedOperator,
     unsupportedSpecifier,
     redefinition,
+
+    /// Not of the table: the limits of the compiler itself. Its words are those of NestingException.
+    nestedTooDeeply = 1000,
 };
 
 enum class LanguageWarning : std::uint32_t

@@ -151,7 +151,7 @@ TEST(DeviceFunctions, SetPinsWithAGivenDelayWithoutReadingTheOutputDelay)
                             "setBusPinLow(b, 2, 1)"));
 }
 
-TEST(DeviceFunctions, FailTheRunWhenTheOutputDelayIsNoDouble)
+TEST(DeviceFunctions, LetThroughWhatTheDeviceRaisesForItsOutputDelay)
 {
     RecordingActor actor;
     actor.parameters.clear();
@@ -159,7 +159,7 @@ TEST(DeviceFunctions, FailTheRunWhenTheOutputDelayIsNoDouble)
     EXPECT_THAT(actor.calls, ElementsAre("getParameter_double(OUTPUT_DELAY)"));
 }
 
-TEST(DeviceFunctions, FailTheRunWhenAVariableIsReadAsAnotherType)
+TEST(DeviceFunctions, LetThroughWhatTheDeviceRaisesForAReadOfAnotherType)
 {
     RecordingActor actor;
     actor.variables = {{"i", 1}};
