@@ -57,7 +57,10 @@ lint: build ## Check the format, the includes and clang-tidy's findings
 install: build ## Install into PREFIX (/usr/local unless told)
 	@cmake --install build/release $(if $(PREFIX),--prefix $(PREFIX))
 
-clean: ## Remove everything that was built
-	@rm -rf build
+package: build ## Pack what would be installed into dist
+	@cpack --config build/release/CPackConfig.cmake -B dist
 
-.PHONY: help dependencies build demo test test-engine test-sanitize fuzz bench coverage format lint install clean
+clean: ## Remove everything that was built
+	@rm -rf build dist
+
+.PHONY: help dependencies build demo test test-engine test-sanitize fuzz bench coverage format lint install package clean
