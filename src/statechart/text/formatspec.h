@@ -34,7 +34,7 @@ struct FormatSpec
 /// position behind the "{" and moves it behind the "}".
 using NestedFieldReader = std::function<int(std::size_t& position)>;
 
-/// Reads the specification that starts at `position` of `format` and leaves `position` at the "}" that
+/// Reads what stands in a field from `position` of `format` and leaves `position` at the "}" that
 /// ends it.
 /// @throws FormatException for anything that the standard does not allow with an argument of `kind`.
 FormatSpec parseFormatSpec(std::string_view format, std::size_t& position, FormatKind kind,
