@@ -25,7 +25,7 @@ struct Forward<operation>
 {
     static FunctionOverloads overloads()
     {
-        return functionOverloads([](Actor& actor, std::decay_t<Arguments>... arguments) {
+        return functionOverloads([](Actor& actor, const std::decay_t<Arguments>&... arguments) {
             return (actor.*operation)(arguments...);
         });
     }
@@ -34,8 +34,9 @@ struct Forward<operation>
 template <class Value>
 FunctionOverload setVariable()
 {
-    return functionOverload(
-        [](Actor& actor, Text name, Value value) { actor.setVariable(name, DeviceVariableValue(value)); });
+    return functionOverload([](Actor& actor, const Text& name, const Value& value) {
+        actor.setVariable(name, DeviceVariableValue(value));
+    });
 }
 
 FunctionOverloads setVariableOverloads()
@@ -54,10 +55,10 @@ FunctionOverloads setVariableOverloads()
 template <class Value, class Written>
 void appendWriteBus(FunctionOverloads& overloads)
 {
-    overloads.push_back(functionOverload([](Actor& actor, Text bus, Value value) {
+    overloads.push_back(functionOverload([](Actor& actor, const Text& bus, Value value) {
         actor.writeBus(bus, BusValue(std::in_place_type<Written>, value), 0.0);
     }));
-    overloads.push_back(functionOverload([](Actor& actor, Text bus, Value value, double delay) {
+    overloads.push_back(functionOverload([](Actor& actor, const Text& bus, Value value, double delay) {
         actor.writeBus(bus, BusValue(std::in_place_type<Written>, value), delay);
     }));
 }
@@ -74,9 +75,9 @@ FunctionOverloads writeBusOverloads()
 template <auto operation>
 FunctionOverloads setBusPin()
 {
-    return functionOverloads([](Actor& actor, Text bus,
+    return functionOverloads([](Actor& actor, const Text& bus,
                                 std::int32_t index) { (actor.*operation)(bus, index, outputDelay(actor)); },
-                             [](Actor& actor, Text bus, std::int32_t index, double delay) {
+                             [](Actor& actor, const Text& bus, std::int32_t index, double delay) {
                                  (actor.*operation)(bus, index, delay);
                              });
 }
@@ -84,14 +85,15 @@ FunctionOverloads setBusPin()
 template <auto operation>
 FunctionOverloads setPin()
 {
-    return functionOverloads([](Actor& actor, Text pin) { (actor.*operation)(pin, outputDelay(actor)); },
-                             [](Actor& actor, Text pin, double delay) { (actor.*operation)(pin, delay); });
+    return functionOverloads(
+        [](Actor& actor, const Text& pin) { (actor.*operation)(pin, outputDelay(actor)); },
+        [](Actor& actor, const Text& pin, double delay) { (actor.*operation)(pin, delay); });
 }
 
 FunctionOverloads etod()
 {
     return functionOverloads(
-        [](AbstractExecutionInterface&, Text text) { return parseEngineeringNumber(text); });
+        [](AbstractExecutionInterface&, const Text& text) { return parseEngineeringNumber(text); });
 }
 
 struct DeviceFunction

@@ -81,6 +81,7 @@ ExpressionItem FunctionRule::call(const Token& name, std::vector<ExpressionCompi
                                   const SourceSpan& span) const
 {
     std::vector<DataType> types;
+    types.reserve(arguments.size());
     for (const ExpressionCompilationObject& argument : arguments)
         types.push_back(argument.type());
     const AbstractFunctionOperatorImpl& overload = resolve(name, types);

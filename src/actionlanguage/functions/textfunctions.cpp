@@ -10,15 +10,16 @@ using Interface = AbstractExecutionInterface;
 template <class T>
 FunctionOverload printOverload()
 {
-    return functionOverload(
-        [](Interface& executionInterface, T value) { executionInterface.print(formatText("{}", value)); });
+    return functionOverload([](Interface& executionInterface, const T& value) {
+        executionInterface.print(formatText("{}", value));
+    });
 }
 
 template <class T>
 FunctionOverload formatOverload()
 {
     return functionOverload(
-        [](Interface&, std::string format, T value) { return formatText(format, value); });
+        [](Interface&, const std::string& format, const T& value) { return formatText(format, value); });
 }
 
 /// One overload for each type that has a text, in the order in which they are declared.
