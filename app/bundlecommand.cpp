@@ -2,6 +2,7 @@
 #include "spool.h"
 #include "standardstreams.h"
 #include "statechart/package/bundlefile.h"
+#include "statechart/package/definitionsizelimit.h"
 #include "subcommands.h"
 
 #include <CLI/CLI.hpp>
@@ -17,7 +18,7 @@ struct Arguments
 
 int bundle(const Arguments& arguments)
 {
-    const InputPath input(arguments.definition);
+    const InputPath input(arguments.definition, definitionSizeLimit);
     const OutputPath output(arguments.output);
     try {
         bundleDevice(input.path(), output.path());

@@ -8,7 +8,8 @@
 namespace StandardStreams {
 
 /// To call before anything is opened. A stream that is missing gets a stand-in that refuses every write, or
-/// the next file opened would take its place; and a pipe that nobody reads is an error, not a silent end.
+/// the next file opened would take its place; and a pipe that nobody reads or a file that may not grow is an
+/// error, not a silent end.
 void prepare();
 
 void print(std::string_view text);

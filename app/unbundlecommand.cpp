@@ -1,3 +1,4 @@
+#include "HalvCore/IO/OpcPackaging/opcpackage.h"
 #include "HalvCore/wholefile.h"
 #include "exitcode.h"
 #include "spool.h"
@@ -8,6 +9,8 @@
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <memory>
+
+using Halvorin::System::IO::OpcPackaging::packageFileLimit;
 
 namespace {
 
@@ -26,7 +29,7 @@ void writeDocument(const std::filesystem::path& path, const std::optional<std::s
 int unbundle(const Arguments& arguments)
 {
     try {
-        const InputPath input(arguments.bundle);
+        const InputPath input(arguments.bundle, packageFileLimit);
         const DeviceBundleContent content = unbundleDevice(input.path());
         if (!content.definition && !content.compiled)
             throw std::runtime_error("'" + arguments.bundle +

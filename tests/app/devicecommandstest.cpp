@@ -49,15 +49,61 @@ TEST_F(DeviceCommands, ReportAFailedCompileOnStandardErrorOnly)
 
     const ProcessResult bad = run({"compile", "bad.json", "device.json"});
     EXPECT_EQ(bad.exitCode, 1);
-    EXPECT_NE(bad.error, "");
+    EXPECT_EQ(bad.output, "");
+    EXPECT_EQ(bad.error, "invalid key\n");
     EXPECT_EQ(folder.read("device.json"), "");
 
     ProcessOptions options;
-    options.input = "{\n}x";
-    EXPECT_EQ(run({"compile", "-", "-"}, options).exitCode, 1);
+    options.input = "{\n}x"; // what stands behind the document does not matter
+    const ProcessResult empty = run({"compile", "-", "-"}, options);
+    EXPECT_EQ(empty.exitCode, 1);
+    EXPECT_EQ(empty.output, "");
+    EXPECT_EQ(empty.error, "invalid key\n");
     options.input = "";
     EXPECT_EQ(run({"compile", "-", "-"}, options).error,
               "invalid JSON 'expected value' at line 1 character 1\n");
+}
+
+TEST_F(DeviceCommands, LocateASyntaxErrorInWhatCannotBeRewound)
+{
+    folder.write("bad.json", "{\n  \"states\": nix\n}");
+    const ProcessResult result = shell("cat bad.json | \"$0\" compile /dev/stdin device.json");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.error, "invalid JSON 'expected 'null'' at line 2 character 14\n");
+}
+
+TEST_F(DeviceCommands, RefuseInputThatNeverEnds)
+{
+    EXPECT_EQ(run({"compile", "/dev/zero", "device.json"}).error,
+              "input file '/dev/zero' is too large for a definition\n");
+    EXPECT_EQ(run({"check", "/dev/zero"}).error, "halvorin: the file is too large: '/dev/zero'\n");
+    EXPECT_EQ(run({"bundle", "/dev/zero", "d.hvdsc.zip"}).error, "the file is too large: '/dev/zero'\n");
+    for (const char* command :
+         {"compile - device.json", "bundle - device.json", "check -", "unbundle - out"}) {
+        const ProcessResult result = shell(std::string("\"$0\" ") + command + " < /dev/zero");
+        EXPECT_EQ(result.exitCode, 1) << command;
+        EXPECT_THAT(result.error, testing::EndsWith("standard input is too large\n")) << command;
+    }
+}
+
+TEST_F(DeviceCommands, ReportAFileThatMayNotGrowAndLeaveNoPartOfIt)
+{
+    folder.write("device.json", "an earlier device");
+    folder.write("d.hvdsc.zip", "an earlier bundle");
+    ProcessOptions options;
+    options.fileSizeLimit = 100;
+    const ProcessResult compiled = run({"compile", "d.json", "device.json"}, options);
+    EXPECT_EQ(compiled.exitCode, 1);
+    EXPECT_EQ(compiled.error, "unable to write output file 'device.json'\n");
+    EXPECT_EQ(folder.read("device.json"), "");
+
+    const ProcessResult bundled = run({"bundle", "d.json", "d.hvdsc.zip"}, options);
+    EXPECT_EQ(bundled.exitCode, 1);
+    EXPECT_THAT(bundled.error, testing::StartsWith("the file cannot be written: '"));
+    EXPECT_THAT(bundled.error, testing::EndsWith("d.hvdsc.zip' (File too large)\n"));
+    EXPECT_EQ(folder.read("d.hvdsc.zip"), "an earlier bundle");
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+        EXPECT_EQ(entry.path().filename().native().find(".halvorin-"), std::string::npos) << entry.path();
 }
 
 TEST_F(DeviceCommands, CompileFilesWithNamesOfAnyBytes)

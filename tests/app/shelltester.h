@@ -16,6 +16,14 @@ protected:
         return runProcess(arguments, options);
     }
 
+    /// A line of the system's shell, in which "$0" is the built shell.
+    ProcessResult shell(const std::string& line, ProcessOptions options = {}) const
+    {
+        options.folder = folder.path().native();
+        options.environment.emplace_back("XDG_CONFIG_HOME", (folder / "config").native());
+        return runProcess({"sh", "-c", line, HALVORIN_PROGRAM}, options);
+    }
+
     TemporaryFolder folder;
 };
 

@@ -6,17 +6,13 @@
 #include "statechart/json/jsonwriter.h"
 #include "statechart/package/bundleparts.h"
 #include "statechart/package/definitioncompile.h"
-
-#include <sstream>
+#include "statechart/package/definitionsizelimit.h"
 
 using Halvorin::System::FilePath;
 using Halvorin::System::FilePath2;
 using Halvorin::System::IO::Bundle::ContentBundle;
 
 namespace {
-
-/// Far above any definition; it keeps a mistaken path (a device, say) from filling the memory.
-constexpr std::size_t definitionLimit = std::size_t{128} << 20;
 
 std::optional<std::string> textOf(const std::optional<JsonObject>& document)
 {
@@ -28,9 +24,8 @@ std::optional<std::string> textOf(const std::optional<JsonObject>& document)
 void bundleDevice(const std::string& definitionPath, const std::string& bundlePath)
 {
     const FilePath path(definitionPath);
-    const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionLimit).value();
-    std::istringstream input{std::string(text.toStdStringView())};
-    const JsonObject definition = readDefinitionDocument(input);
+    const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionSizeLimit).value();
+    const JsonObject definition = readDefinitionDocument(std::string(text.toStdStringView()));
 
     ContentBundle bundle;
     writeDefinition(bundle, definition);
