@@ -40,6 +40,8 @@ void addBundleCommand(CLI::App& application, Action& action)
     command->add_option("DEFINITION", arguments->definition, "The definition, - for standard input")
         ->required();
     command->add_option("OUT", arguments->output, "The bundle, - for standard output")->required();
-    command->footer("OUT is written whole, or left as it was when anything fails.");
+    command->footer(
+        "OUT is written whole, or left as it was when anything fails; so its folder must be one in which\n"
+        "a new file can be made. It cannot be DEFINITION itself.");
     command->callback([arguments, &action] { action = [arguments] { return bundle(*arguments); }; });
 }

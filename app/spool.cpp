@@ -45,10 +45,15 @@ void copyStandardInput(const std::string& path, std::size_t limit)
 
 TemporaryFile::TemporaryFile()
 {
-    m_path = (std::filesystem::temp_directory_path() / "halvorin-XXXXXX").native();
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+    if (error)
+        throw std::runtime_error("cannot use the folder for temporary files, which TMPDIR can name: " +
+                                 error.message());
+    m_path = (folder / "halvorin-XXXXXX").native();
     const int descriptor = ::mkstemp(m_path.data());
     if (descriptor < 0)
-        throw failure("cannot make a temporary file");
+        throw failure("cannot make a temporary file in '" + folder.native() + "'");
     ::close(descriptor);
 }
 

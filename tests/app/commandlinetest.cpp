@@ -133,6 +133,21 @@ TEST_F(CommandLine, ReadsOptionsFromTheFileThatItIsGiven)
                 testing::HasSubstr("info: script: "));
 }
 
+TEST_F(CommandLine, TakesDefaultsWhenTheUsersOptionsCannotBeRead)
+{
+    folder.write("d.json", smallDefinition);
+    std::filesystem::create_directories(folder / "config/halvorin/halvorin.ini");
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"compile", "d.json", "device.json"},
+          {"call", compileFunction, "d.json", "device.json"}}) {
+        const ProcessResult result = run(arguments);
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.error, "warning: settings: cannot read the options file '" +
+                                    (folder / "config/halvorin/halvorin.ini").native() +
+                                    "'; options have their defaults\n");
+    }
+}
+
 TEST_F(CommandLine, DoesNotStoreAnOptionOfOneRun)
 {
     run({"--option", "application.logScriptCalls=true", "call", compileFunction, "a", "b"});

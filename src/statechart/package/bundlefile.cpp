@@ -7,6 +7,11 @@
 #include "statechart/package/bundleparts.h"
 #include "statechart/package/definitioncompile.h"
 #include "statechart/package/definitionsizelimit.h"
+#include "statechart/text/format.h"
+
+#include <filesystem>
+#include <stdexcept>
+#include <system_error>
 
 using Halvorin::System::FilePath;
 using Halvorin::System::FilePath2;
@@ -19,11 +24,22 @@ std::optional<std::string> textOf(const std::optional<JsonObject>& document)
     return document ? std::optional(toString(*document)) : std::nullopt;
 }
 
+/// Also by another name of the file. Not so for a device, of which both sides have their own end.
+bool isSameFile(const FilePath& first, const FilePath& second)
+{
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(first.toStdPath(), ignored) &&
+           std::filesystem::equivalent(first.toStdPath(), second.toStdPath(), ignored);
+}
+
 } // namespace
 
 void bundleDevice(const std::string& definitionPath, const std::string& bundlePath)
 {
     const FilePath path(definitionPath);
+    if (isSameFile(path, FilePath(bundlePath)))
+        throw std::runtime_error(
+            formatText("the bundle '{}' would replace the definition that it is made of", bundlePath));
     const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionSizeLimit).value();
     const JsonObject definition = readDefinitionDocument(std::string(text.toStdStringView()));
 

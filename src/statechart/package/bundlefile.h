@@ -17,7 +17,7 @@ struct HALVWIDGETS_EXPORT DeviceBundleContent
 };
 
 /// Compiles a definition file and writes it with its compiled device to a bundle file. Nothing is written
-/// when anything fails.
+/// when anything fails, and not over the definition itself.
 HALVWIDGETS_EXPORT void bundleDevice(const std::string& definitionPath, const std::string& bundlePath);
 
 /// The documents of a bundle file.
