@@ -1,6 +1,7 @@
 #include "standardstreams.h"
 
 #include "exitcode.h"
+#include "terminaltext.h"
 
 #include <cerrno>
 #include <csignal>
@@ -59,7 +60,7 @@ void reportError(std::string_view text)
 
 void printErrorLine(std::string_view line)
 {
-    write(stderr, line);
+    write(stderr, withoutControlCharacters(std::string(line)));
     write(stderr, "\n");
 }
 

@@ -15,10 +15,10 @@ void prepare();
 void print(std::string_view text);
 void printLine(std::string_view line);
 
-/// "halvorin: " and the text, on standard error.
+/// "halvorin: " and the text, on standard error, as a line without control characters.
 void reportError(std::string_view text);
 
-/// The text as it stands, on standard error.
+/// The text on standard error, as a line without control characters.
 void printErrorLine(std::string_view line);
 
 /// Flushes both streams. Gives the exit code, or that of a failure when a stream took not all of it.

@@ -1,4 +1,3 @@
-#include "HalvCore/IO/OpcPackaging/opcpackage.h"
 #include "HalvCore/wholefile.h"
 #include "exitcode.h"
 #include "spool.h"
@@ -12,8 +11,6 @@
 #include <stdexcept>
 #include <system_error>
 #include <vector>
-
-using Halvorin::System::IO::OpcPackaging::packageFileLimit;
 
 namespace {
 
@@ -36,7 +33,7 @@ void makeFolder(const std::filesystem::path& folder)
 int unbundle(const Arguments& arguments)
 {
     try {
-        const InputPath input(arguments.bundle, packageFileLimit);
+        const InputPath input(arguments.bundle, bundleSizeLimit);
         const DeviceBundleContent content = unbundleDevice(input.path());
         if (!content.definition && !content.compiled)
             throw std::runtime_error("'" + arguments.bundle +

@@ -23,11 +23,28 @@ TEST_F(CommandLine, ExplainsItself)
 
 TEST_F(CommandLine, ExplainsEverySubcommand)
 {
-    for (const char* command : {"functions", "call", "compile", "bundle", "unbundle", "check"}) {
+    struct Row
+    {
+        const char* command;
+        std::vector<std::string> words;
+    };
+    for (const auto& [command, words] : std::vector<Row>{
+             {"functions", {"--json", "Print one JSON object a line", "Codes: 1 a boolean, 12 "}},
+             {"call", {"call [OPTIONS] NAME [ARG]...", "Everything behind NAME is an argument"}},
+             {"compile", {"DEFINITION", "OUT", "- for standard input", "- for standard output"}},
+             {"check",
+              {"DEFINITION", "--json", "- for standard input", "FILE:LINE:COLUMN: error: TEXT at PATH"}},
+             {"bundle", {"DEFINITION", "OUT", "- for standard input", "- for standard output"}},
+             {"unbundle", {"FILE", "DIRECTORY", "deviceDefinition.json", "compiledDevice.json"}},
+         }) {
         const ProcessResult help = run({command, "--help"});
         EXPECT_EQ(help.exitCode, 0) << command;
-        EXPECT_THAT(help.output, testing::HasSubstr(std::string("halvorin"))) << command;
-        EXPECT_THAT(help.output, testing::HasSubstr(command));
+        EXPECT_EQ(help.error, "");
+        EXPECT_THAT(help.output,
+                    testing::HasSubstr(std::string("Usage: halvorin ") + command + " [OPTIONS]"));
+        for (const std::string& word : words)
+            EXPECT_THAT(help.output, testing::HasSubstr(word)) << command;
+        EXPECT_THAT(help.output, testing::HasSubstr("Exit codes: 0 ")) << command;
     }
 }
 
@@ -96,6 +113,43 @@ TEST_F(CommandLine, TakesEverythingBehindTheNameAsArguments)
     EXPECT_EQ(run({"call", compileFunction, "[a,b]", ""}).output,
               "Error\nunable to open input file '[a,b]'\n");
     EXPECT_EQ(run({"call", compileFunction, "", "out"}).output, "Error\nunable to open input file ''\n");
+    for (const std::string argument : {"-h", "--help", "--", "++", "--version", "--option", "-x"})
+        EXPECT_EQ(run({"call", compileFunction, argument, "out"}).output,
+                  "Error\nunable to open input file '" + argument + "'\n");
+    EXPECT_EQ(run({"call", compileFunction, "in", "--"}).output, "Error\nunable to open input file 'in'\n");
+    EXPECT_TRUE(std::filesystem::exists(folder / "--"));
+}
+
+TEST_F(CommandLine, TakesEverythingBeforeTheNameAsOptions)
+{
+    const std::string logged = "info: script: CompileDigitalDeviceStateChart(\"a\", \"b\")\n";
+    const std::string output = "Error\nunable to open input file 'a'\n";
+    for (const std::vector<std::string>& options : {std::vector<std::string>{"call", "--log", "info"},
+                                                    {"--log=info", "call"},
+                                                    {"--log", "info", "call", "--"},
+                                                    {"call", "--log=info", "--"}}) {
+        std::vector<std::string> words{"--option", "application.logScriptCalls=true"};
+        words.insert(words.end(), options.begin(), options.end());
+        words.insert(words.end(), {compileFunction, "a", "b"});
+        const ProcessResult result = run(words);
+        EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(words);
+        EXPECT_EQ(result.output, output);
+        EXPECT_EQ(result.error, logged);
+    }
+    EXPECT_EQ(run({"call", "--", compileFunction, "a", "b"}).output, output);
+    EXPECT_EQ(run({"call", "--nonsense", compileFunction, "a", "b"}).exitCode, 2);
+    EXPECT_THAT(run({"call", "--help", compileFunction, "a"}).output, testing::HasSubstr("NAME"));
+}
+
+TEST_F(CommandLine, SaysWhatIsNoSubcommand)
+{
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"foo"}, {"--log", "info", "foo", "--json"}, {"foo", "call"}}) {
+        const ProcessResult result = run(words);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_EQ(result.error, "halvorin: 'foo' is no subcommand (--help explains)\n");
+    }
+    EXPECT_EQ(run({"--help", "foo"}).exitCode, 0);
 }
 
 TEST_F(CommandLine, RefusesACallOutsideTheBounds)
@@ -111,6 +165,10 @@ TEST_F(CommandLine, RefusesACallOfAnUnknownName)
     const ProcessResult result = run({"call", "Nonsense"});
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.error, "halvorin: there is no script function or command 'Nonsense'\n");
+    for (const std::string name : {"compile", "call", "--", "-x"})
+        EXPECT_EQ(run({"call", "--", name}).error,
+                  "halvorin: there is no script function or command '" + name + "'\n");
+    EXPECT_EQ(run({"call", "compile"}).error, "halvorin: there is no script function or command 'compile'\n");
 }
 
 TEST_F(CommandLine, LogsCallsWhenAnOptionSaysSo)

@@ -105,6 +105,18 @@ TEST_F(DeviceCommands, ReportAFileThatMayNotGrowAndLeaveNoPartOfIt)
         EXPECT_EQ(entry.path().filename().native().find(".halvorin-"), std::string::npos) << entry.path();
 }
 
+TEST_F(DeviceCommands, WriteNoControlCharactersToTheTerminal)
+{
+    folder.write("d.json",
+                 "{\"states\": {\"a\x1b[2J\": {\"type\": \"atomic\", \"onEntry\": \"x\"}}, \"start\": "
+                 "\"a\", \"outputs\": {}, \"outputDelay\": \"1n\"}");
+    for (const char* command : {"compile", "bundle"}) {
+        const ProcessResult result = run({command, "d.json", "out"});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.error, "error: compilation error at 'states[\"a?[2J\"].onEntry'\n");
+    }
+}
+
 TEST_F(DeviceCommands, CompileFilesWithNamesOfAnyBytes)
 {
     folder.write("d\xff.json", smallDefinition);

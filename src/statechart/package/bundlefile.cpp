@@ -19,6 +19,8 @@ using Halvorin::System::IO::Bundle::ContentBundle;
 
 namespace {
 
+static_assert(bundleSizeLimit == Halvorin::System::IO::OpcPackaging::packageFileLimit);
+
 std::optional<std::string> textOf(const std::optional<JsonObject>& document)
 {
     return document ? std::optional(toString(*document)) : std::nullopt;

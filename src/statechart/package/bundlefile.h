@@ -3,11 +3,15 @@
 
 #include "halvwidgetsexport.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
 /// Device bundles for who has files and not objects. Paths are narrow texts; every failure is an exception
 /// derived from std::exception whose text says what is wrong.
+
+/// The most bytes that are read for a bundle.
+inline constexpr std::size_t bundleSizeLimit = std::size_t{128} << 20;
 
 /// What a device bundle holds, as the texts of JSON documents.
 struct HALVWIDGETS_EXPORT DeviceBundleContent
