@@ -2,6 +2,8 @@
 
 #include "support/smalldefinition.h"
 
+#include <fstream>
+
 namespace {
 
 class CommandLine : public ShellTester
@@ -189,6 +191,21 @@ TEST_F(CommandLine, ReadsOptionsFromTheFileThatItIsGiven)
     folder.write("config/halvorin/halvorin.ini", "[General]\napplication.logScriptCalls=true\n");
     EXPECT_THAT(run({"--log", "info", "call", compileFunction, "a", "b"}).error,
                 testing::HasSubstr("info: script: "));
+}
+
+TEST_F(CommandLine, ReadsAnOptionsFileAsTheReferenceShowsIt)
+{
+    std::ifstream stream(PROJECT_FOLDER "/docs/reference/options.md");
+    const std::string page(std::istreambuf_iterator<char>(stream), {});
+    const std::string open = "```ini\n";
+    const std::size_t start = page.find(open);
+    ASSERT_NE(start, std::string::npos);
+    folder.write(
+        "config/halvorin/halvorin.ini",
+        page.substr(start + open.size(), page.find("```", start + open.size()) - start - open.size()));
+    EXPECT_EQ(run({"--log", "info", "call", compileFunction, "definition.json", "device.json"}).error +
+                  "```\n",
+              page.substr(page.rfind("info: script: ")));
 }
 
 TEST_F(CommandLine, TakesDefaultsWhenTheUsersOptionsCannotBeRead)

@@ -77,7 +77,10 @@ def check(bundle, definition, device):
 
 
 def main():
-    program, examples = sys.argv[1], Path(sys.argv[2])
+    program, examples, page = sys.argv[1], Path(sys.argv[2]), Path(sys.argv[3]).read_text()
+    for kind, (part, content_type) in EXPECTED.items():
+        for name in (kind + "`", f"`{part}`", f"`{content_type}`"):
+            expect(name in page, f"the reference does not tell of {name}")
     definitions = sorted(examples.glob("*/definition.json"))
     expect(definitions, "there is no definition to bundle")
     for definition in definitions:
