@@ -2,6 +2,7 @@
 #include "spool.h"
 #include "standardstreams.h"
 #include "statechart/package/bundlefile.h"
+#include "statechart/package/definitionsizelimit.h"
 #include "subcommands.h"
 
 #include <CLI/CLI.hpp>
@@ -17,7 +18,7 @@ struct Arguments
 
 int bundle(const Arguments& arguments)
 {
-    const InputPath input(arguments.definition);
+    const InputPath input(arguments.definition, definitionSizeLimit);
     const OutputPath output(arguments.output);
     try {
         bundleDevice(input.path(), output.path());
@@ -39,6 +40,8 @@ void addBundleCommand(CLI::App& application, Action& action)
     command->add_option("DEFINITION", arguments->definition, "The definition, - for standard input")
         ->required();
     command->add_option("OUT", arguments->output, "The bundle, - for standard output")->required();
-    command->footer("OUT is written whole, or left as it was when anything fails.");
+    command->footer(
+        "OUT is written whole, or left as it was when anything fails; so its folder must be one in which\n"
+        "a new file can be made. It cannot be DEFINITION itself.");
     command->callback([arguments, &action] { action = [arguments] { return bundle(*arguments); }; });
 }

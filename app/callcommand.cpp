@@ -6,6 +6,8 @@
 
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -25,13 +27,13 @@ class CallFormatter : public CLI::Formatter
 public:
     std::string make_usage(const CLI::App*, std::string) const override
     {
-        return "Usage: halvorin [OPTIONS] call NAME [ARG]...\n";
+        return "Usage: halvorin call [OPTIONS] NAME [ARG]...\n";
     }
 };
 
 } // namespace
 
-void addCallCommand(CLI::App& application, Action& action)
+void addCallCommand(CLI::App& application, Action& action, const std::vector<std::string>& arguments)
 {
     CLI::App* command =
         application.add_subcommand("call", "Call a script function or command as a script would");
@@ -40,15 +42,13 @@ void addCallCommand(CLI::App& application, Action& action)
         ->required();
     command->formatter(std::make_shared<CallFormatter>());
     command->footer(
-        "Everything behind NAME is an argument, also what begins with a dash.\n"
+        "Everything behind NAME is an argument, also what begins with a dash; options stand before NAME.\n"
         "Each string of the result comes on a line, a boolean as true or false. The call itself succeeds\n"
         "also when its result speaks of an error.");
-    command->prefix_command();
-    command->fallthrough(false);
-    command->callback([command, name, &action] {
-        action = [command, name] {
+    command->callback([name, &arguments, &action] {
+        action = [name, &arguments] {
             HostSupport::start();
-            printResult(callScript(*name, command->remaining()));
+            printResult(callScript(*name, arguments));
             return exitDone;
         };
     });

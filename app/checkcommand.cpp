@@ -5,6 +5,7 @@
 #include "spool.h"
 #include "standardstreams.h"
 #include "statechart/definitioncheck.h"
+#include "statechart/package/definitionsizelimit.h"
 #include "subcommands.h"
 
 #include <CLI/CLI.hpp>
@@ -15,8 +16,6 @@ using Halvorin::System::FilePath;
 
 namespace {
 
-constexpr std::size_t definitionLimit = std::size_t{128} << 20;
-
 struct Arguments
 {
     std::vector<std::string> definitions;
@@ -26,9 +25,9 @@ struct Arguments
 /// Whether the definition has no errors.
 bool check(const std::string& argument, bool asJson)
 {
-    const InputPath input(argument);
+    const InputPath input(argument, definitionSizeLimit);
     const FilePath path(input.path());
-    const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionLimit).value();
+    const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionSizeLimit).value();
     const std::vector<Finding> findings = checkDefinition(text.toStdStringView());
     for (const Finding& finding : findings)
         StandardStreams::print(asJson ? findingAsJson(input.shownName(), finding)

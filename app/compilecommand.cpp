@@ -2,6 +2,7 @@
 #include "hostcalls.h"
 #include "spool.h"
 #include "standardstreams.h"
+#include "statechart/package/definitionsizelimit.h"
 #include "subcommands.h"
 
 #include <CLI/CLI.hpp>
@@ -17,7 +18,7 @@ struct Arguments
 
 int compile(const Arguments& arguments)
 {
-    const InputPath input(arguments.definition);
+    const InputPath input(arguments.definition, definitionSizeLimit);
     const OutputPath output(arguments.output);
     const auto result = std::get<std::vector<std::string>>(
         callScript("CompileDigitalDeviceStateChart", {input.path(), output.path()}));

@@ -3,6 +3,7 @@
 #include "HalvCore/numbertext.h"
 #include "jsonline.h"
 #include "statechart/finding.h"
+#include "terminaltext.h"
 
 #include <QJsonObject>
 #include <algorithm>
@@ -19,17 +20,6 @@ constexpr std::string_view cut = "...";
 bool isContinuationByte(char byte)
 {
     return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
-}
-
-bool isControlCharacter(char byte)
-{
-    return (static_cast<unsigned char>(byte) < 0x20 && byte != '\t') || byte == 0x7f;
-}
-
-std::string withoutControlCharacters(std::string text)
-{
-    std::ranges::replace_if(text, isControlCharacter, '?');
-    return text;
 }
 
 /// What is shown of a source line, and where in it the place is; in bytes.

@@ -1,3 +1,4 @@
+#include "commandwords.h"
 #include "exitcode.h"
 #include "globaloptions.h"
 #include "standardstreams.h"
@@ -9,6 +10,9 @@
 
 namespace {
 
+constexpr auto exitCodes =
+    "Exit codes: 0 done, 1 the input has errors or a file cannot be read or written, 2 wrong usage.";
+
 /// Parses the command line and does what it asks for.
 int run(int argc, char** argv)
 {
@@ -16,21 +20,25 @@ int run(int argc, char** argv)
     application.set_version_flag("--version", "halvorin " HALVORIN_VERSION);
     application.require_subcommand(1);
     application.fallthrough(); // global options may stand behind the subcommand too
-    application.footer("Exit codes: 0 done, 1 the input has errors, 2 wrong usage.\n"
-                       "\"halvorin SUBCOMMAND --help\" explains a subcommand.");
+    application.footer(std::string(exitCodes) + "\n\"halvorin SUBCOMMAND --help\" explains a subcommand.");
     GlobalOptions globalOptions;
     globalOptions.addTo(application);
 
     Action action;
+    CommandWords words;
     addFunctionsCommand(application, action);
-    addCallCommand(application, action);
+    addCallCommand(application, action, words.callArguments);
     addCompileCommand(application, action);
     addCheckCommand(application, action);
     addBundleCommand(application, action);
     addUnbundleCommand(application, action);
+    for (CLI::App* command : application.get_subcommands({}))
+        command->footer(command->get_footer() + "\n" + exitCodes);
 
+    words = splitCommandWords(application, {argv + 1, argv + argc});
     try {
-        application.parse(argc, argv);
+        application.parse(std::vector<std::string>(words.parsed.rbegin(),
+                                                   words.parsed.rend())); // it takes them from the end
         globalOptions.apply();
         return action();
     } catch (const CLI::CallForHelp&) {
@@ -40,7 +48,9 @@ int run(int argc, char** argv)
         StandardStreams::printLine(version.what());
         return exitDone;
     } catch (const CLI::ParseError& error) {
-        StandardStreams::reportError(std::string(error.what()) + " (--help explains)");
+        const std::string& word = words.notASubcommand;
+        StandardStreams::reportError((word.empty() ? error.what() : "'" + word + "' is no subcommand") +
+                                     " (--help explains)");
         return exitWrongUsage;
     } catch (const UsageError& error) {
         StandardStreams::reportError(error.what());

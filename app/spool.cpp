@@ -19,7 +19,7 @@ std::runtime_error failure(const std::string& what)
     return std::runtime_error(what + ": " + std::generic_category().message(errno));
 }
 
-void copyStandardInput(const std::string& path)
+void copyStandardInput(const std::string& path, std::size_t limit)
 {
     std::ofstream file(path, std::ios::binary);
     std::array<char, 65536> block{};
@@ -31,6 +31,9 @@ void copyStandardInput(const std::string& path)
             throw failure("cannot read standard input");
         if (count == 0)
             break;
+        if (static_cast<std::size_t>(count) > limit)
+            throw std::runtime_error("standard input is too large");
+        limit -= static_cast<std::size_t>(count);
         file.write(block.data(), count);
     }
     file.close();
@@ -42,10 +45,15 @@ void copyStandardInput(const std::string& path)
 
 TemporaryFile::TemporaryFile()
 {
-    m_path = (std::filesystem::temp_directory_path() / "halvorin-XXXXXX").native();
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+    if (error)
+        throw std::runtime_error("cannot use the folder for temporary files, which TMPDIR can name: " +
+                                 error.message());
+    m_path = (folder / "halvorin-XXXXXX").native();
     const int descriptor = ::mkstemp(m_path.data());
     if (descriptor < 0)
-        throw failure("cannot make a temporary file");
+        throw failure("cannot make a temporary file in '" + folder.native() + "'");
     ::close(descriptor);
 }
 
@@ -54,12 +62,12 @@ TemporaryFile::~TemporaryFile()
     ::unlink(m_path.c_str());
 }
 
-InputPath::InputPath(const std::string& argument) : m_argument(argument)
+InputPath::InputPath(const std::string& argument, std::size_t limit) : m_argument(argument)
 {
     if (argument != "-")
         return;
     m_spool.emplace();
-    copyStandardInput(m_spool->path());
+    copyStandardInput(m_spool->path(), limit);
 }
 
 OutputPath::OutputPath(const std::string& argument) : m_argument(argument)

@@ -1,6 +1,7 @@
 #ifndef SPOOL_H
 #define SPOOL_H
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -24,8 +25,8 @@ private:
 class InputPath
 {
 public:
-    /// @throws std::runtime_error when standard input cannot be read.
-    explicit InputPath(const std::string& argument);
+    /// @throws std::runtime_error when standard input cannot be read or has more than `limit` bytes.
+    InputPath(const std::string& argument, std::size_t limit);
 
     const std::string& path() const { return m_spool ? m_spool->path() : m_argument; }
 

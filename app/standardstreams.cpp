@@ -1,6 +1,7 @@
 #include "standardstreams.h"
 
 #include "exitcode.h"
+#include "terminaltext.h"
 
 #include <cerrno>
 #include <csignal>
@@ -34,6 +35,7 @@ int failureOf(std::FILE* stream)
 void prepare()
 {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(descriptor, F_GETFD) < 0)
             ::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
@@ -58,7 +60,7 @@ void reportError(std::string_view text)
 
 void printErrorLine(std::string_view line)
 {
-    write(stderr, line);
+    write(stderr, withoutControlCharacters(std::string(line)));
     write(stderr, "\n");
 }
 

@@ -8,16 +8,17 @@
 namespace StandardStreams {
 
 /// To call before anything is opened. A stream that is missing gets a stand-in that refuses every write, or
-/// the next file opened would take its place; and a pipe that nobody reads is an error, not a silent end.
+/// the next file opened would take its place; and a pipe that nobody reads or a file that may not grow is an
+/// error, not a silent end.
 void prepare();
 
 void print(std::string_view text);
 void printLine(std::string_view line);
 
-/// "halvorin: " and the text, on standard error.
+/// "halvorin: " and the text, on standard error, as a line without control characters.
 void reportError(std::string_view text);
 
-/// The text as it stands, on standard error.
+/// The text on standard error, as a line without control characters.
 void printErrorLine(std::string_view line);
 
 /// Flushes both streams. Gives the exit code, or that of a failure when a stream took not all of it.

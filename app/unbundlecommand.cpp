@@ -8,6 +8,9 @@
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <memory>
+#include <stdexcept>
+#include <system_error>
+#include <vector>
 
 namespace {
 
@@ -17,24 +20,32 @@ struct Arguments
     std::string folder;
 };
 
-void writeDocument(const std::filesystem::path& path, const std::optional<std::string>& text)
+void makeFolder(const std::filesystem::path& folder)
 {
-    if (text)
-        Halvorin::System::writeWholeFile(path, *text).value();
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (!error && !std::filesystem::is_directory(folder, error) && !error)
+        error = std::make_error_code(std::errc::not_a_directory);
+    if (error)
+        throw std::runtime_error("cannot make the folder '" + folder.native() + "': " + error.message());
 }
 
 int unbundle(const Arguments& arguments)
 {
     try {
-        const InputPath input(arguments.bundle);
+        const InputPath input(arguments.bundle, bundleSizeLimit);
         const DeviceBundleContent content = unbundleDevice(input.path());
         if (!content.definition && !content.compiled)
             throw std::runtime_error("'" + arguments.bundle +
                                      "' holds neither a definition nor a compiled device");
         const std::filesystem::path folder(arguments.folder);
-        std::filesystem::create_directories(folder);
-        writeDocument(folder / "deviceDefinition.json", content.definition);
-        writeDocument(folder / "compiledDevice.json", content.compiled);
+        makeFolder(folder);
+        std::vector<Halvorin::System::WholeFile> files;
+        if (content.definition)
+            files.push_back({folder / "deviceDefinition.json", *content.definition});
+        if (content.compiled)
+            files.push_back({folder / "compiledDevice.json", *content.compiled});
+        Halvorin::System::writeWholeFiles(files).value();
     } catch (const std::exception& error) {
         StandardStreams::printErrorLine(error.what());
         return exitInputHasErrors;
@@ -54,6 +65,6 @@ void addUnbundleCommand(CLI::App& application, Action& action)
         ->required();
     command->footer(
         "Writes deviceDefinition.json and compiledDevice.json into DIRECTORY, as far as the bundle "
-        "has them.");
+        "has them;\nneither is replaced before both can be.");
     command->callback([arguments, &action] { action = [arguments] { return unbundle(*arguments); }; });
 }

@@ -12,6 +12,7 @@
 #include <system_error>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace Halvorin::System {
 
@@ -69,54 +70,127 @@ Expected<void, ErrorCode2> writeInPlace(const std::filesystem::path& path, std::
 
 /// A file of its own in `folder`, named apart from whatever it will be called in the end: that name may
 /// already be as long as names can be.
-std::pair<Descriptor, std::filesystem::path> makeTemporary(const std::filesystem::path& folder)
+std::pair<Descriptor, std::filesystem::path> makeTemporary(const std::filesystem::path& folder, mode_t mode)
 {
     std::random_device random;
     for (int attempt = 0;; ++attempt) {
         const std::filesystem::path path = folder / (".halvorin-" + numberText(random()) + ".tmp");
-        Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         if (file.isOpen() || errno != EEXIST || attempt == 100)
             return {std::move(file), path};
     }
 }
 
-Expected<void, ErrorCode2> writeAndRename(const std::filesystem::path& path, std::string_view bytes,
-                                          const struct stat* existing)
+/// The path behind all links, also behind one that leads to a file that is not there yet.
+std::filesystem::path behindLinks(std::filesystem::path path, std::error_code& error)
 {
-    auto [file, temporary] = makeTemporary(path.parent_path());
-    if (!file.isOpen())
-        return failure(FileError::cannotOpen, path, errno);
-    const bool done = writeAll(file.number(), bytes) &&
-                      (!existing || ::fchmod(file.number(), existing->st_mode & 07777) == 0) &&
-                      ::fsync(file.number()) == 0 && file.close() &&
-                      ::rename(temporary.c_str(), path.c_str()) == 0;
-    if (!done) {
-        const int number = errno;
-        ::unlink(temporary.c_str());
-        return failure(FileError::writeFailed, path, number);
+    static constexpr int mostLinks = 40; // as many as the system follows
+    for (int links = 0; std::filesystem::is_symlink(std::filesystem::symlink_status(path, error)); ++links) {
+        if (links == mostLinks)
+            error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+        else
+            path = path.parent_path() / std::filesystem::read_symlink(path, error);
+        if (error)
+            return path;
+    }
+    return std::filesystem::weakly_canonical(path, error);
+}
+
+/// One file on its way: the new content stands in a temporary file, or, for what is no regular file, is
+/// still to be written.
+class PendingFile
+{
+public:
+    explicit PendingFile(const WholeFile& file) : m_path(file.path), m_bytes(file.bytes) {}
+    PendingFile(PendingFile&& other) noexcept
+        : m_path(std::move(other.m_path)), m_target(std::move(other.m_target)),
+          m_temporary(std::exchange(other.m_temporary, {})), m_bytes(other.m_bytes)
+    {}
+    PendingFile& operator=(PendingFile&&) = delete;
+    ~PendingFile()
+    {
+        if (!m_temporary.empty())
+            ::unlink(m_temporary.c_str());
+    }
+
+    Expected<void, ErrorCode2> prepare()
+    {
+        std::error_code error;
+        m_target = behindLinks(m_path, error);
+        if (error || m_path.empty())
+            return failure(FileError::cannotOpen, m_path, error ? error.value() : ENOENT);
+
+        struct stat existing = {};
+        if (::stat(m_target.c_str(), &existing) != 0)
+            return writeTemporary(nullptr);
+        if (S_ISDIR(existing.st_mode))
+            return about(FileError::isDirectory, m_path);
+        if (::access(m_target.c_str(), W_OK) != 0)
+            return about(FileError::accessDenied, m_path);
+        if (!S_ISREG(existing.st_mode))
+            return {};
+        return writeTemporary(&existing);
+    }
+
+    Expected<void, ErrorCode2> finish()
+    {
+        if (m_temporary.empty())
+            return writeInPlace(m_path, m_bytes);
+        if (::rename(m_temporary.c_str(), m_target.c_str()) != 0)
+            return failure(FileError::writeFailed, m_path, errno);
+        m_temporary.clear();
+        return {};
+    }
+
+private:
+    /// The mode comes before the content: nobody may read it who could not read the file.
+    Expected<void, ErrorCode2> writeTemporary(const struct stat* existing)
+    {
+        auto [file, temporary] = makeTemporary(m_target.parent_path(), existing ? 0600 : 0666);
+        if (!file.isOpen())
+            return noNewFile(errno);
+        m_temporary = temporary;
+        const bool done = (!existing || ::fchmod(file.number(), existing->st_mode & 07777) == 0) &&
+                          writeAll(file.number(), m_bytes) && ::fsync(file.number()) == 0 && file.close();
+        if (!done)
+            return failure(FileError::writeFailed, m_path, errno);
+        return {};
+    }
+
+    ErrorCode2 noNewFile(int number) const
+    {
+        return ErrorCode2(FileError::cannotOpen, "'" + narrowPathText(m_path) +
+                                                     "' (no new file can be made in the folder '" +
+                                                     narrowPathText(m_target.parent_path()) +
+                                                     "': " + std::generic_category().message(number) + ")");
+    }
+
+    std::filesystem::path m_path; // as it was given, for messages
+    std::filesystem::path m_target;
+    std::filesystem::path m_temporary;
+    std::string_view m_bytes;
+};
+
+} // namespace
+
+Expected<void, ErrorCode2> writeWholeFiles(const std::vector<WholeFile>& files)
+{
+    std::vector<PendingFile> pending;
+    pending.reserve(files.size());
+    for (const WholeFile& file : files) {
+        if (auto prepared = pending.emplace_back(file).prepare(); !prepared)
+            return prepared;
+    }
+    for (PendingFile& file : pending) {
+        if (auto finished = file.finish(); !finished)
+            return finished;
     }
     return {};
 }
 
-} // namespace
-
 Expected<void, ErrorCode2> writeWholeFile(const std::filesystem::path& path, std::string_view bytes)
 {
-    std::error_code error;
-    const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
-    if (error || path.empty())
-        return failure(FileError::cannotOpen, path, error ? error.value() : ENOENT);
-
-    struct stat existing = {};
-    if (::stat(target.c_str(), &existing) != 0)
-        return writeAndRename(target, bytes, nullptr);
-    if (S_ISDIR(existing.st_mode))
-        return about(FileError::isDirectory, path);
-    if (!S_ISREG(existing.st_mode))
-        return writeInPlace(path, bytes);
-    if (::access(target.c_str(), W_OK) != 0)
-        return about(FileError::accessDenied, path);
-    return writeAndRename(target, bytes, &existing);
+    return writeWholeFiles({{path, bytes}});
 }
 
 Expected<ByteArray2, ErrorCode2> readWholeFile(const std::filesystem::path& path, std::size_t limit)

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
+#include <exception>
 #include <map>
 
 using Halvorin::System::Exception;
@@ -52,14 +53,23 @@ struct OptionStore::State
     FilePath path;
     std::unique_ptr<QSettings> file;
 
-    /// The user's own file is opened when it is first needed: static objects must not touch it.
-    QSettings& openFile()
+    bool isUnreadable = false;
+
+    /// The user's own file is opened when it is first needed: static objects must not touch it. Null, after
+    /// a warning, when it cannot be read: every option then has its default.
+    QSettings* openFile()
     {
-        if (!file) {
-            path = OptionStore::defaultFile();
+        if (file || isUnreadable)
+            return file.get();
+        path = OptionStore::defaultFile();
+        try {
             file = opened(path);
+        } catch (const std::exception& error) {
+            isUnreadable = true;
+            Halvorin::System::Application::instance().logger().warning(
+                "settings", std::string(error.what()) + "; options have their defaults");
         }
-        return *file;
+        return file.get();
     }
 };
 
@@ -101,7 +111,8 @@ std::optional<std::string> OptionStore::stored(const std::string& name) const
 {
     if (const auto found = m_state->thisRun.find(name); found != m_state->thisRun.end())
         return found->second;
-    const QVariant value = m_state->openFile().value(qString(name));
+    const QSettings* file = m_state->openFile();
+    const QVariant value = file ? file->value(qString(name)) : QVariant();
     if (!value.isValid())
         return std::nullopt;
     // Somebody who edits the file need not know that a comma without quotes makes a list.
@@ -120,11 +131,13 @@ std::optional<std::string> OptionStore::value(const std::string& name) const
 bool OptionStore::write(const std::string& name, const std::string& value)
 {
     const auto before = this->value(name);
-    QSettings& file = m_state->openFile();
     m_state->thisRun.erase(name);
-    file.setValue(qString(name), qString(value));
-    file.sync();
-    const bool written = file.status() == QSettings::NoError;
+    QSettings* file = m_state->openFile();
+    if (file) {
+        file->setValue(qString(name), qString(value));
+        file->sync();
+    }
+    const bool written = file && file->status() == QSettings::NoError;
     if (!written) {
         m_state->thisRun[name] = value;
         Halvorin::System::Application::instance().logger().warning(

@@ -21,7 +21,8 @@ public:
     OptionStore(const OptionStore&) = delete;
     OptionStore& operator=(const OptionStore&) = delete;
 
-    /// "halvorin/halvorin.ini" in the user's configuration folder.
+    /// "halvorin/halvorin.ini" in the user's configuration folder. One that cannot be read is left alone: a
+    /// warning on the channel "settings" says so, and options have their defaults.
     static Halvorin::System::FilePath defaultFile();
 
     /// Uses another file from now on; it need not exist yet. Values of this run stay.

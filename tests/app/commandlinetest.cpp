@@ -2,6 +2,8 @@
 
 #include "support/smalldefinition.h"
 
+#include <fstream>
+
 namespace {
 
 class CommandLine : public ShellTester
@@ -23,11 +25,28 @@ TEST_F(CommandLine, ExplainsItself)
 
 TEST_F(CommandLine, ExplainsEverySubcommand)
 {
-    for (const char* command : {"functions", "call", "compile", "bundle", "unbundle", "check"}) {
+    struct Row
+    {
+        const char* command;
+        std::vector<std::string> words;
+    };
+    for (const auto& [command, words] : std::vector<Row>{
+             {"functions", {"--json", "Print one JSON object a line", "Codes: 1 a boolean, 12 "}},
+             {"call", {"call [OPTIONS] NAME [ARG]...", "Everything behind NAME is an argument"}},
+             {"compile", {"DEFINITION", "OUT", "- for standard input", "- for standard output"}},
+             {"check",
+              {"DEFINITION", "--json", "- for standard input", "FILE:LINE:COLUMN: error: TEXT at PATH"}},
+             {"bundle", {"DEFINITION", "OUT", "- for standard input", "- for standard output"}},
+             {"unbundle", {"FILE", "DIRECTORY", "deviceDefinition.json", "compiledDevice.json"}},
+         }) {
         const ProcessResult help = run({command, "--help"});
         EXPECT_EQ(help.exitCode, 0) << command;
-        EXPECT_THAT(help.output, testing::HasSubstr(std::string("halvorin"))) << command;
-        EXPECT_THAT(help.output, testing::HasSubstr(command));
+        EXPECT_EQ(help.error, "");
+        EXPECT_THAT(help.output,
+                    testing::HasSubstr(std::string("Usage: halvorin ") + command + " [OPTIONS]"));
+        for (const std::string& word : words)
+            EXPECT_THAT(help.output, testing::HasSubstr(word)) << command;
+        EXPECT_THAT(help.output, testing::HasSubstr("Exit codes: 0 ")) << command;
     }
 }
 
@@ -96,6 +115,43 @@ TEST_F(CommandLine, TakesEverythingBehindTheNameAsArguments)
     EXPECT_EQ(run({"call", compileFunction, "[a,b]", ""}).output,
               "Error\nunable to open input file '[a,b]'\n");
     EXPECT_EQ(run({"call", compileFunction, "", "out"}).output, "Error\nunable to open input file ''\n");
+    for (const std::string argument : {"-h", "--help", "--", "++", "--version", "--option", "-x"})
+        EXPECT_EQ(run({"call", compileFunction, argument, "out"}).output,
+                  "Error\nunable to open input file '" + argument + "'\n");
+    EXPECT_EQ(run({"call", compileFunction, "in", "--"}).output, "Error\nunable to open input file 'in'\n");
+    EXPECT_TRUE(std::filesystem::exists(folder / "--"));
+}
+
+TEST_F(CommandLine, TakesEverythingBeforeTheNameAsOptions)
+{
+    const std::string logged = "info: script: CompileDigitalDeviceStateChart(\"a\", \"b\")\n";
+    const std::string output = "Error\nunable to open input file 'a'\n";
+    for (const std::vector<std::string>& options : {std::vector<std::string>{"call", "--log", "info"},
+                                                    {"--log=info", "call"},
+                                                    {"--log", "info", "call", "--"},
+                                                    {"call", "--log=info", "--"}}) {
+        std::vector<std::string> words{"--option", "application.logScriptCalls=true"};
+        words.insert(words.end(), options.begin(), options.end());
+        words.insert(words.end(), {compileFunction, "a", "b"});
+        const ProcessResult result = run(words);
+        EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(words);
+        EXPECT_EQ(result.output, output);
+        EXPECT_EQ(result.error, logged);
+    }
+    EXPECT_EQ(run({"call", "--", compileFunction, "a", "b"}).output, output);
+    EXPECT_EQ(run({"call", "--nonsense", compileFunction, "a", "b"}).exitCode, 2);
+    EXPECT_THAT(run({"call", "--help", compileFunction, "a"}).output, testing::HasSubstr("NAME"));
+}
+
+TEST_F(CommandLine, SaysWhatIsNoSubcommand)
+{
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"foo"}, {"--log", "info", "foo", "--json"}, {"foo", "call"}}) {
+        const ProcessResult result = run(words);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_EQ(result.error, "halvorin: 'foo' is no subcommand (--help explains)\n");
+    }
+    EXPECT_EQ(run({"--help", "foo"}).exitCode, 0);
 }
 
 TEST_F(CommandLine, RefusesACallOutsideTheBounds)
@@ -111,6 +167,10 @@ TEST_F(CommandLine, RefusesACallOfAnUnknownName)
     const ProcessResult result = run({"call", "Nonsense"});
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.error, "halvorin: there is no script function or command 'Nonsense'\n");
+    for (const std::string name : {"compile", "call", "--", "-x"})
+        EXPECT_EQ(run({"call", "--", name}).error,
+                  "halvorin: there is no script function or command '" + name + "'\n");
+    EXPECT_EQ(run({"call", "compile"}).error, "halvorin: there is no script function or command 'compile'\n");
 }
 
 TEST_F(CommandLine, LogsCallsWhenAnOptionSaysSo)
@@ -131,6 +191,36 @@ TEST_F(CommandLine, ReadsOptionsFromTheFileThatItIsGiven)
     folder.write("config/halvorin/halvorin.ini", "[General]\napplication.logScriptCalls=true\n");
     EXPECT_THAT(run({"--log", "info", "call", compileFunction, "a", "b"}).error,
                 testing::HasSubstr("info: script: "));
+}
+
+TEST_F(CommandLine, ReadsAnOptionsFileAsTheReferenceShowsIt)
+{
+    std::ifstream stream(PROJECT_FOLDER "/docs/reference/options.md");
+    const std::string page(std::istreambuf_iterator<char>(stream), {});
+    const std::string open = "```ini\n";
+    const std::size_t start = page.find(open);
+    ASSERT_NE(start, std::string::npos);
+    folder.write(
+        "config/halvorin/halvorin.ini",
+        page.substr(start + open.size(), page.find("```", start + open.size()) - start - open.size()));
+    EXPECT_EQ(run({"--log", "info", "call", compileFunction, "definition.json", "device.json"}).error +
+                  "```\n",
+              page.substr(page.rfind("info: script: ")));
+}
+
+TEST_F(CommandLine, TakesDefaultsWhenTheUsersOptionsCannotBeRead)
+{
+    folder.write("d.json", smallDefinition);
+    std::filesystem::create_directories(folder / "config/halvorin/halvorin.ini");
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"compile", "d.json", "device.json"},
+          {"call", compileFunction, "d.json", "device.json"}}) {
+        const ProcessResult result = run(arguments);
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.error, "warning: settings: cannot read the options file '" +
+                                    (folder / "config/halvorin/halvorin.ini").native() +
+                                    "'; options have their defaults\n");
+    }
 }
 
 TEST_F(CommandLine, DoesNotStoreAnOptionOfOneRun)

@@ -49,15 +49,72 @@ TEST_F(DeviceCommands, ReportAFailedCompileOnStandardErrorOnly)
 
     const ProcessResult bad = run({"compile", "bad.json", "device.json"});
     EXPECT_EQ(bad.exitCode, 1);
-    EXPECT_NE(bad.error, "");
+    EXPECT_EQ(bad.output, "");
+    EXPECT_EQ(bad.error, "invalid key\n");
     EXPECT_EQ(folder.read("device.json"), "");
 
     ProcessOptions options;
-    options.input = "{\n}x";
-    EXPECT_EQ(run({"compile", "-", "-"}, options).exitCode, 1);
+    options.input = "{\n}x"; // what stands behind the document does not matter
+    const ProcessResult empty = run({"compile", "-", "-"}, options);
+    EXPECT_EQ(empty.exitCode, 1);
+    EXPECT_EQ(empty.output, "");
+    EXPECT_EQ(empty.error, "invalid key\n");
     options.input = "";
     EXPECT_EQ(run({"compile", "-", "-"}, options).error,
               "invalid JSON 'expected value' at line 1 character 1\n");
+}
+
+TEST_F(DeviceCommands, LocateASyntaxErrorInWhatCannotBeRewound)
+{
+    folder.write("bad.json", "{\n  \"states\": nix\n}");
+    const ProcessResult result = shell("cat bad.json | \"$0\" compile /dev/stdin device.json");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.error, "invalid JSON 'expected 'null'' at line 2 character 14\n");
+}
+
+TEST_F(DeviceCommands, RefuseInputThatNeverEnds)
+{
+    EXPECT_EQ(run({"compile", "/dev/zero", "device.json"}).error,
+              "input file '/dev/zero' is too large for a definition\n");
+    EXPECT_EQ(run({"check", "/dev/zero"}).error, "halvorin: the file is too large: '/dev/zero'\n");
+    EXPECT_EQ(run({"bundle", "/dev/zero", "d.hvdsc.zip"}).error, "the file is too large: '/dev/zero'\n");
+    for (const char* command :
+         {"compile - device.json", "bundle - device.json", "check -", "unbundle - out"}) {
+        const ProcessResult result = shell(std::string("\"$0\" ") + command + " < /dev/zero");
+        EXPECT_EQ(result.exitCode, 1) << command;
+        EXPECT_THAT(result.error, testing::EndsWith("standard input is too large\n")) << command;
+    }
+}
+
+TEST_F(DeviceCommands, ReportAFileThatMayNotGrowAndLeaveNoPartOfIt)
+{
+    folder.write("device.json", "an earlier device");
+    folder.write("d.hvdsc.zip", "an earlier bundle");
+    ProcessOptions options;
+    options.fileSizeLimit = 100;
+    const ProcessResult compiled = run({"compile", "d.json", "device.json"}, options);
+    EXPECT_EQ(compiled.exitCode, 1);
+    EXPECT_EQ(compiled.error, "unable to write output file 'device.json'\n");
+    EXPECT_EQ(folder.read("device.json"), "");
+
+    const ProcessResult bundled = run({"bundle", "d.json", "d.hvdsc.zip"}, options);
+    EXPECT_EQ(bundled.exitCode, 1);
+    EXPECT_EQ(bundled.error, "the file cannot be written: 'd.hvdsc.zip' (File too large)\n");
+    EXPECT_EQ(folder.read("d.hvdsc.zip"), "an earlier bundle");
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+        EXPECT_EQ(entry.path().filename().native().find(".halvorin-"), std::string::npos) << entry.path();
+}
+
+TEST_F(DeviceCommands, WriteNoControlCharactersToTheTerminal)
+{
+    folder.write("d.json",
+                 "{\"states\": {\"a\x1b[2J\": {\"type\": \"atomic\", \"onEntry\": \"x\"}}, \"start\": "
+                 "\"a\", \"outputs\": {}, \"outputDelay\": \"1n\"}");
+    for (const char* command : {"compile", "bundle"}) {
+        const ProcessResult result = run({command, "d.json", "out"});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.error, "error: compilation error at 'states[\"a?[2J\"].onEntry'\n");
+    }
 }
 
 TEST_F(DeviceCommands, CompileFilesWithNamesOfAnyBytes)
@@ -125,6 +182,54 @@ TEST_F(DeviceCommands, DoNotUnbundleIntoAFile)
     run({"bundle", "d.json", "d.hvdsc.zip"});
     const ProcessResult result = run({"unbundle", "d.hvdsc.zip", "d.json"});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_NE(result.error, "");
+    EXPECT_EQ(result.error, "cannot make the folder 'd.json': Not a directory\n");
     EXPECT_EQ(folder.read("d.json"), smallDefinition);
+    EXPECT_EQ(run({"unbundle", "d.hvdsc.zip", "d.json/below"}).error,
+              "cannot make the folder 'd.json/below': Not a directory\n");
+    EXPECT_EQ(run({"unbundle", "d.hvdsc.zip", ""}).error, "cannot make the folder '': Invalid argument\n");
+    EXPECT_EQ(run({"unbundle", "d.hvdsc.zip", "/proc/none"}).error,
+              "cannot make the folder '/proc/none': No such file or directory\n");
+}
+
+TEST_F(DeviceCommands, ReplaceNeitherDocumentWhenOneCannotBe)
+{
+    run({"bundle", "d.json", "d.hvdsc.zip"});
+    folder.write("out/deviceDefinition.json", "an earlier definition");
+    std::filesystem::create_directory(folder / "out/compiledDevice.json");
+    const ProcessResult result = run({"unbundle", "d.hvdsc.zip", "out"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.error, "it is a folder: 'out/compiledDevice.json'\n");
+    EXPECT_EQ(folder.read("out/deviceDefinition.json"), "an earlier definition");
+}
+
+TEST_F(DeviceCommands, DoNotBundleOverTheDefinition)
+{
+    std::filesystem::create_symlink("d.json", folder / "link.json");
+    std::filesystem::create_hard_link(folder / "d.json", folder / "twin.json");
+    for (const char* output : {"d.json", "./d.json", "link.json", "twin.json"}) {
+        const ProcessResult result = run({"bundle", "d.json", output});
+        EXPECT_EQ(result.exitCode, 1) << output;
+        EXPECT_EQ(result.error, std::string("the bundle '") + output +
+                                    "' would replace the definition that it is made of\n");
+    }
+    EXPECT_EQ(folder.read("d.json"), smallDefinition);
+}
+
+TEST_F(DeviceCommands, SayThatThereIsNoFolderForTemporaryFiles)
+{
+    ProcessOptions options;
+    options.input = smallDefinition;
+    options.environment = {{"TMPDIR", (folder / "none").native()}};
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"compile", "-", "o"},
+                                                      {"compile", "d.json", "-"},
+                                                      {"bundle", "d.json", "-"},
+                                                      {"check", "-"},
+                                                      {"unbundle", "-", "out"}}) {
+        const ProcessResult result = run(arguments, options);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_THAT(result.error,
+                    testing::HasSubstr("cannot use the folder for temporary files, which TMPDIR "
+                                       "can name: "));
+        EXPECT_EQ(result.error.find("filesystem error"), std::string::npos) << result.error;
+    }
 }

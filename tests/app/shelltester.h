@@ -8,12 +8,21 @@
 class ShellTester : public testing::Test
 {
 protected:
-    ProcessResult run(std::vector<std::string> arguments, ProcessOptions options = {}) const
+    ProcessResult run(const std::vector<std::string>& arguments, ProcessOptions options = {}) const
     {
-        arguments.insert(arguments.begin(), HALVORIN_PROGRAM);
+        std::vector<std::string> command{HALVORIN_PROGRAM};
+        command.insert(command.end(), arguments.begin(), arguments.end());
         options.folder = folder.path().native();
         options.environment.emplace_back("XDG_CONFIG_HOME", (folder / "config").native());
-        return runProcess(arguments, options);
+        return runProcess(command, options);
+    }
+
+    /// A line of the system's shell, in which "$0" is the built shell.
+    ProcessResult shell(const std::string& line, ProcessOptions options = {}) const
+    {
+        options.folder = folder.path().native();
+        options.environment.emplace_back("XDG_CONFIG_HOME", (folder / "config").native());
+        return runProcess({"sh", "-c", line, HALVORIN_PROGRAM}, options);
     }
 
     TemporaryFolder folder;

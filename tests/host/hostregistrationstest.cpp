@@ -6,6 +6,12 @@
 #include "support/smalldefinition.h"
 #include "support/temporaryfolder.h"
 
+#include <fstream>
+#include <memory>
+#include <new>
+#include <sys/stat.h>
+#include <thread>
+
 using HostSupport::call;
 using HostSupport::Registry;
 using HostSupport::ScriptCallException;
@@ -52,14 +58,62 @@ TEST(HostRegistrations, ReportAFailedCompileOnlyInItsResult)
     EXPECT_EQ(call(compileFunction, {"", ""}), ScriptValue(Strings{"Error", "unable to open input file ''"}));
 }
 
-TEST(HostRegistrations, GiveTheSharedBlockBack)
+TEST(HostRegistrations, HoldTheSharedBlockDuringTheCallAndGiveItBackOnEveryWayOut)
 {
-    ScriptArguments arguments({"", ""});
+    for (const auto& [definition, outcome] :
+         {std::pair(smallDefinition, "Ok"), std::pair("no JSON", "Error")}) {
+        const TemporaryFolder folder;
+        const std::string pipe = folder / "pipe"; // it keeps the handler inside until it has been looked at
+        ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+        ScriptArguments arguments({pipe, folder / "device.json"});
+        ScriptResults results;
+        auto state = std::make_shared<int>();
+        const std::weak_ptr<int> watched = state;
+        ScriptSharedBlock* block = ScriptSharedBlock::create(std::move(state));
+        {
+            std::jthread call([&] { compileDigitalDeviceStateChartHandler(arguments, results, *block); });
+            std::ofstream writer(pipe); // opens once the handler has opened the other end
+            EXPECT_EQ(block->references(), 2);
+            writer << definition;
+        }
+        EXPECT_TRUE(results.isFinished());
+        EXPECT_EQ(results.strings().at(0), outcome);
+        EXPECT_EQ(block->references(), 1);
+        EXPECT_FALSE(watched.expired());
+        block->release();
+        EXPECT_TRUE(watched.expired());
+    }
+}
+
+TEST(HostRegistrations, GiveTheSharedBlockBackToAHostThatLetGoMeanwhile)
+{
+    const TemporaryFolder folder;
+    const std::string pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    ScriptArguments arguments({pipe, folder / "device.json"});
     ScriptResults results;
+    auto state = std::make_shared<int>();
+    const std::weak_ptr<int> watched = state;
+    ScriptSharedBlock* block = ScriptSharedBlock::create(std::move(state));
+    {
+        std::jthread call([&] { compileDigitalDeviceStateChartHandler(arguments, results, *block); });
+        std::ofstream writer(pipe);
+        block->release();
+        EXPECT_FALSE(watched.expired());
+    }
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST(HostRegistrations, HoldTheSharedBlockUntilAnExceptionHasLeft)
+{
     ScriptSharedBlock* block = ScriptSharedBlock::create();
-    compileDigitalDeviceStateChartHandler(arguments, results, *block);
-    EXPECT_EQ(block->references(), 1);
-    EXPECT_TRUE(results.isFinished());
+    try {
+        const ScriptSharedBlockHold hold(*block);
+        EXPECT_EQ(block->references(), 2);
+        throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+        EXPECT_EQ(block->references(), 1);
+    }
     block->release();
 }
 

@@ -5,7 +5,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <grp.h>
 #include <stdexcept>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,6 +42,14 @@ void redirect(int stream, Stream kind, const std::string& captureFile)
     }
 }
 
+/// Of a child, once it has ended; minus the number of the signal that ended it.
+int exitCodeOf(pid_t child)
+{
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
 } // namespace
 
 ProcessResult runProcess(const std::vector<std::string>& command, const ProcessOptions& options)
@@ -64,11 +74,41 @@ ProcessResult runProcess(const std::vector<std::string>& command, const ProcessO
         replace(STDIN_FILENO, ::open(input.c_str(), O_RDONLY));
         redirect(STDERR_FILENO, options.error, error);
         redirect(STDOUT_FILENO, options.output, output);
+        if (options.fileSizeLimit)
+            limitFileSize(*options.fileSizeLimit);
         ::execvp(arguments[0], arguments.data());
         ::_exit(127);
     }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), folder.read("output"),
-            folder.read("error")};
+    const int exitCode = exitCodeOf(child);
+    return {exitCode, folder.read("output"), folder.read("error")};
+}
+
+int runInChild(const std::function<int()>& function)
+{
+    const pid_t child = ::fork();
+    if (child < 0)
+        throw std::runtime_error("cannot start a process");
+    if (child > 0)
+        return exitCodeOf(child);
+    try {
+        ::_exit(function());
+    } catch (...) {
+        ::_exit(125);
+    }
+}
+
+void dropRights()
+{
+    static constexpr id_t nobody = 65534;
+    if (::geteuid() != 0)
+        return;
+    if (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0)
+        throw std::runtime_error("cannot give up rights");
+}
+
+void limitFileSize(std::size_t bytes)
+{
+    const rlimit limit{bytes, bytes};
+    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
+        throw std::runtime_error("cannot limit the size of files");
 }

@@ -1,6 +1,9 @@
 #ifndef PROCESS_H
 #define PROCESS_H
 
+#include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,6 +24,7 @@ struct ProcessOptions
     Stream error = Stream::captured;
     std::string folder;                                           // where it runs; here when empty
     std::vector<std::pair<std::string, std::string>> environment; // set on top of ours
+    std::optional<std::size_t> fileSizeLimit;                     // bytes that a file may grow to
 };
 
 struct ProcessResult
@@ -29,6 +33,16 @@ struct ProcessResult
     std::string output;
     std::string error;
 };
+
+/// Runs a function in a child process of its own, where limits and rights may be given up. Gives what the
+/// function returns, 125 when it raises an exception, or minus the number of the signal that ended it.
+int runInChild(const std::function<int()>& function);
+
+/// The rights of a user that owns nothing; as they are when the test has no right to change them.
+void dropRights();
+
+/// From now on, in this process, no file grows beyond so many bytes.
+void limitFileSize(std::size_t bytes);
 
 /// Runs a program to its end. A program without a slash is looked for on PATH; one that cannot be started
 /// has the exit code 127.

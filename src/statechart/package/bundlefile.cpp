@@ -6,8 +6,12 @@
 #include "statechart/json/jsonwriter.h"
 #include "statechart/package/bundleparts.h"
 #include "statechart/package/definitioncompile.h"
+#include "statechart/package/definitionsizelimit.h"
+#include "statechart/text/format.h"
 
-#include <sstream>
+#include <filesystem>
+#include <stdexcept>
+#include <system_error>
 
 using Halvorin::System::FilePath;
 using Halvorin::System::FilePath2;
@@ -15,12 +19,19 @@ using Halvorin::System::IO::Bundle::ContentBundle;
 
 namespace {
 
-/// Far above any definition; it keeps a mistaken path (a device, say) from filling the memory.
-constexpr std::size_t definitionLimit = std::size_t{128} << 20;
+static_assert(bundleSizeLimit == Halvorin::System::IO::OpcPackaging::packageFileLimit);
 
 std::optional<std::string> textOf(const std::optional<JsonObject>& document)
 {
     return document ? std::optional(toString(*document)) : std::nullopt;
+}
+
+/// Also by another name of the file. Not so for a device, of which both sides have their own end.
+bool isSameFile(const FilePath& first, const FilePath& second)
+{
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(first.toStdPath(), ignored) &&
+           std::filesystem::equivalent(first.toStdPath(), second.toStdPath(), ignored);
 }
 
 } // namespace
@@ -28,9 +39,11 @@ std::optional<std::string> textOf(const std::optional<JsonObject>& document)
 void bundleDevice(const std::string& definitionPath, const std::string& bundlePath)
 {
     const FilePath path(definitionPath);
-    const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionLimit).value();
-    std::istringstream input{std::string(text.toStdStringView())};
-    const JsonObject definition = readDefinitionDocument(input);
+    if (isSameFile(path, FilePath(bundlePath)))
+        throw std::runtime_error(
+            formatText("the bundle '{}' would replace the definition that it is made of", bundlePath));
+    const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionSizeLimit).value();
+    const JsonObject definition = readDefinitionDocument(std::string(text.toStdStringView()));
 
     ContentBundle bundle;
     writeDefinition(bundle, definition);

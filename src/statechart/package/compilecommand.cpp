@@ -4,11 +4,14 @@
 #include "HalvCore/widetext.h"
 #include "statechart/json/jsonwriter.h"
 #include "statechart/package/definitioncompile.h"
+#include "statechart/package/definitionsizelimit.h"
 #include "statechart/text/format.h"
 
+#include <array>
 #include <exception>
 #include <fstream>
 #include <stdexcept>
+#include <system_error>
 
 using Halvorin::System::FilePath;
 
@@ -26,6 +29,32 @@ bool isFolder(const FilePath& path)
     return std::filesystem::is_directory(path.toStdPath(), ignored);
 }
 
+/// All of the input, which may be one that cannot be rewound, as the place of a syntax error asks for.
+std::string textOf(std::istream& input, const FilePath& path)
+{
+    std::string text;
+    std::array<char, 65536> block{};
+    while (input.read(block.data(), block.size()) || input.gcount() > 0) {
+        text.append(block.data(), static_cast<std::size_t>(input.gcount()));
+        if (text.size() > definitionSizeLimit)
+            throw failure("input file '{}' is too large for a definition", path);
+    }
+    if (input.bad())
+        throw failure("unable to read input file '{}'", path);
+    return text;
+}
+
+void writeOutput(std::ofstream& output, const std::string& text, const FilePath& path)
+{
+    output << text;
+    output.close();
+    if (output)
+        return;
+    std::error_code ignored; // what is no regular file cannot be emptied
+    std::filesystem::resize_file(path.toStdPath(), 0, ignored);
+    throw failure("unable to write output file '{}'", path);
+}
+
 void compileFile(const FilePath& inputPath, const FilePath& outputPath)
 {
     std::ifstream input(inputPath.toStdPath());
@@ -35,10 +64,8 @@ void compileFile(const FilePath& inputPath, const FilePath& outputPath)
     if (!output.is_open())
         throw failure("unable to open output file '{}'", outputPath);
 
-    write(output, compileDefinitionDocument(readDefinitionDocument(input)));
-    output.close();
-    if (!output)
-        throw failure("unable to write output file '{}'", outputPath);
+    const JsonObject definition = readDefinitionDocument(textOf(input, inputPath));
+    writeOutput(output, toString(compileDefinitionDocument(definition)), outputPath);
 }
 
 } // namespace

@@ -9,7 +9,7 @@
 /// result itself leaves as an exception.
 ///
 /// The output file is created or truncated before anything else is looked at, and is left empty when a
-/// later step fails.
+/// later step fails, writing it among them. An input of more than `definitionSizeLimit` bytes is refused.
 std::vector<std::string> compileDigitalDeviceStateChart(const char* inputPath, const char* outputPath);
 
 #endif

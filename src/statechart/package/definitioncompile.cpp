@@ -4,11 +4,13 @@
 #include "statechart/ddstatechartcompiler.h"
 #include "statechart/json/jsonreader.h"
 
-#include <istream>
 #include <memory>
+#include <sstream>
+#include <utility>
 
-JsonObject readDefinitionDocument(std::istream& input)
+JsonObject readDefinitionDocument(std::string text)
 {
+    std::istringstream input(std::move(text));
     try {
         return asObject(readDocument(input));
     } catch (const JsonReadException& failure) {

@@ -3,11 +3,11 @@
 
 #include "statechart/json/jsonvalue.h"
 
-#include <iosfwd>
+#include <string>
 
-/// The definition that stands in a stream, which must be one that can be rewound.
+/// The definition that a text holds.
 /// @throws JsonLineNumberReadException for what is no JSON, JsonException for a document that is no object.
-JsonObject readDefinitionDocument(std::istream& input);
+JsonObject readDefinitionDocument(std::string text);
 
 /// The compiled device of a definition. @throws what the device compiler raises.
 JsonObject compileDefinitionDocument(const JsonObject& definition);

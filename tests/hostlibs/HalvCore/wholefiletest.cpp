@@ -1,8 +1,9 @@
 #include "HalvCore/wholefile.h"
 
+#include "support/process.h"
 #include "support/temporaryfolder.h"
 
-#include <unistd.h>
+#include <csignal>
 
 using namespace Halvorin::System;
 namespace fs = std::filesystem;
@@ -43,6 +44,88 @@ TEST(WholeFile, FollowsALinkAndLeavesItALink)
     writeWholeFile(folder / "link", "new").value();
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
     EXPECT_EQ(folder.read("target"), "new");
+}
+
+TEST(WholeFile, FollowsLinksToAFileThatIsNotThereYet)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "other");
+    fs::create_symlink("other/second", folder / "first");
+    fs::create_symlink("target", folder / "other/second");
+    writeWholeFile(folder / "first", "new").value();
+    EXPECT_TRUE(fs::is_symlink(folder / "first"));
+    EXPECT_TRUE(fs::is_symlink(folder / "other/second"));
+    EXPECT_EQ(folder.read("other/target"), "new");
+
+    fs::create_symlink("circle", folder / "circle");
+    EXPECT_EQ(writeWholeFile(folder / "circle", "x").error().code(), ErrorCode(FileError::cannotOpen));
+}
+
+TEST(WholeFile, IsNeverReadableByMoreThanTheFileThatItReplaces)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder.write("file", "old");
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+    // The signal of the limit ends the child while the content is being written.
+    EXPECT_EQ(runInChild([&file] {
+                  std::signal(SIGXFSZ, SIG_DFL);
+                  limitFileSize(4);
+                  static_cast<void>(writeWholeFile(file, "secrets"));
+                  return 0;
+              }),
+              -SIGXFSZ);
+    ASSERT_EQ(filesIn(folder.path()), 2);
+    for (const auto& entry : fs::directory_iterator(folder.path()))
+        EXPECT_EQ(entry.status().permissions(), fs::perms::owner_read | fs::perms::owner_write)
+            << entry.path();
+}
+
+TEST(WholeFile, NamesTheFolderThatTakesNoNewFile)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder.write("file", "old");
+    fs::permissions(file, fs::perms::all);
+    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec);
+    const std::string expected = "the file cannot be opened: '" + file.native() +
+                                 "' (no new file can be made in the folder '" + folder.path().native() +
+                                 "': Permission denied)";
+    EXPECT_EQ(runInChild([&] {
+                  dropRights();
+                  const auto written = writeWholeFile(file, "new");
+                  return !written && written.error().message() == expected ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(folder.read("file"), "old");
+    fs::permissions(folder.path(), fs::perms::owner_all);
+}
+
+TEST(WholeFile, IsRefusedWhereTheFileMayNotBeWritten)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder.write("file", "old");
+    fs::permissions(file, fs::perms::owner_read);
+    fs::permissions(folder.path(), fs::perms::all);
+    EXPECT_EQ(runInChild([&] {
+                  dropRights();
+                  const auto written = writeWholeFile(file, "new");
+                  return !written && written.error().code() == ErrorCode(FileError::accessDenied) ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(folder.read("file"), "old");
+}
+
+TEST(WholeFiles, ReplaceNoneWhenOneCannotBeWritten)
+{
+    const TemporaryFolder folder;
+    folder.write("first", "old");
+    fs::create_directory(folder / "second");
+    EXPECT_FALSE(writeWholeFiles({{folder / "first", "new"}, {folder / "second", "new"}}).hasValue());
+    EXPECT_EQ(folder.read("first"), "old");
+    EXPECT_EQ(filesIn(folder.path()), 2);
+
+    writeWholeFiles({{folder / "first", "new"}, {folder / "third", "new too"}}).value();
+    EXPECT_EQ(folder.read("first"), "new");
+    EXPECT_EQ(folder.read("third"), "new too");
 }
 
 TEST(WholeFile, IsWrittenUnderTheLongestNameAndUnderOneOfAnyBytes)

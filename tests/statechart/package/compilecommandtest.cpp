@@ -1,10 +1,16 @@
 #include "statechart/package/compilecommand.h"
 
 #include "statechart/json/jsonreader.h"
+#include "statechart/package/definitionsizelimit.h"
+#include "support/process.h"
 #include "support/smalldefinition.h"
 #include "support/temporaryfolder.h"
 
+#include <csignal>
+#include <fstream>
 #include <sstream>
+#include <sys/stat.h>
+#include <thread>
 
 using Strings = std::vector<std::string>;
 namespace fs = std::filesystem;
@@ -109,9 +115,7 @@ TEST_F(CompileCommand, LeavesAnEmptyOutputWhenTheDefinitionFailsToCompile)
     folder.write("definition.json", definitionWithoutStates);
     folder.write("device.json", "an earlier device");
     const Strings result = compile(definition, device);
-    ASSERT_EQ(result.size(), 2U);
-    EXPECT_EQ(result[0], "Error");
-    EXPECT_NE(result[1], "");
+    EXPECT_EQ(result, (Strings{"Error", "invalid key"}));
     EXPECT_EQ(folder.read("device.json"), "");
 }
 
@@ -119,6 +123,52 @@ TEST_F(CompileCommand, NeverSaysOkWhenTheOutputIsFull)
 {
     EXPECT_EQ(compile(definition, "/dev/full"),
               (Strings{"Error", "unable to write output file '/dev/full'"}));
+}
+
+TEST_F(CompileCommand, LeavesAnEmptyOutputWhenOnlyAPartOfItFits)
+{
+    folder.write("device.json", "an earlier device");
+    const Strings expected{"Error", "unable to write output file '" + device.native() + "'"};
+    EXPECT_EQ(runInChild([&] {
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  limitFileSize(20);
+                  return compile(definition, device) == expected ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(folder.read("device.json"), "");
+}
+
+TEST_F(CompileCommand, CannotOpenAnOutputThatItMayNotWrite)
+{
+    folder.write("device.json", "an earlier device");
+    fs::permissions(device, fs::perms::owner_read);
+    const Strings expected{"Error", "unable to open output file '" + device.native() + "'"};
+    EXPECT_EQ(runInChild([&] {
+                  dropRights();
+                  return compile(definition, device) == expected ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(folder.read("device.json"), "an earlier device");
+}
+
+TEST_F(CompileCommand, ReportsASyntaxErrorByLineAndCharacterInWhatCannotBeRewound)
+{
+    const fs::path pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    std::thread writer([&pipe] { std::ofstream(pipe) << "{\n  \"states\": nix\n}"; });
+    EXPECT_EQ(compile(pipe, device),
+              (Strings{"Error", "invalid JSON 'expected 'null'' at line 2 character 14"}));
+    writer.join();
+}
+
+TEST_F(CompileCommand, RefusesAnInputThatIsTooLarge)
+{
+    fs::resize_file(definition, definitionSizeLimit + 1);
+    EXPECT_EQ(compile(definition, device),
+              (Strings{"Error", "input file '" + definition.native() + "' is too large for a definition"}));
+    EXPECT_EQ(compile("/dev/zero", device),
+              (Strings{"Error", "input file '/dev/zero' is too large for a definition"}));
+    EXPECT_EQ(folder.read("device.json"), "");
 }
 
 TEST_F(CompileCommand, ReadsAndWritesFilesWithNamesOfAnyBytes)
