@@ -134,6 +134,8 @@ const std::vector<CheckCase> structures{
     {"missingStates", R"(«{»"start": "a"})", error, std::nullopt, "invalid key", "states"},
     {"aStateThatIsNoObject", R"({"states": {"a": «17»}})", error, std::nullopt, "invalid cast",
      R"(states["a"])"},
+    {"aStateWhoseTypeIsNoString", R"({"states": {"a": {«"type"»: ["atomic"]}}})", error, std::nullopt,
+     "invalid cast", R"(states["a"].type)"},
     {"aStateWithoutType", R"({"states": {«"a"»: {}}})", error, std::nullopt, "invalid key",
      R"(states["a"].type)"},
     {"aStartThatNamesNothing", R"({"states": {}, "start": «"b"»})", error, std::nullopt,
