@@ -149,11 +149,7 @@ public:
     inline JsonValue(JsonValue&& other) noexcept;
     JsonValue& operator=(const JsonValue& other);
     JsonValue& operator=(JsonValue&& other) noexcept;
-    ~JsonValue()
-    {
-        if (isArray() || isObject())
-            dropNestedValues();
-    }
+    inline ~JsonValue();
 
     /// A value of none of the kinds; it is of use only to show what the writer says of it.
     static JsonValue withoutType();
@@ -228,5 +224,11 @@ struct JsonMember
 
 // Here, where a member is complete: values are moved and destroyed too often for a call each.
 inline JsonValue::JsonValue(JsonValue&& other) noexcept = default;
+
+inline JsonValue::~JsonValue()
+{
+    if (isArray() || isObject())
+        dropNestedValues();
+}
 
 #endif
