@@ -29,18 +29,18 @@ struct Excerpt
     std::size_t place;
 };
 
-Excerpt excerptOf(const std::string& line, std::size_t place)
+Excerpt excerptOf(std::string_view line, std::size_t place)
 {
     place = std::min(place, line.size());
     if (line.size() <= longestShownLine)
-        return {line, place};
+        return {std::string(line), place};
     std::size_t begin = place > shownBeforeThePlace ? place - shownBeforeThePlace : 0;
     std::size_t end = std::min(line.size(), begin + longestShownLine);
     while (begin > 0 && begin < line.size() && isContinuationByte(line[begin]))
         --begin;
     while (end < line.size() && isContinuationByte(line[end]))
         ++end;
-    Excerpt excerpt{line.substr(begin, end - begin), place - begin};
+    Excerpt excerpt{std::string(line.substr(begin, end - begin)), place - begin};
     if (begin > 0) {
         excerpt.text.insert(0, cut);
         excerpt.place += cut.size();

@@ -6,8 +6,7 @@
 #include <cstdlib>
 #include <sstream>
 
-namespace
-{
+namespace {
 
 const CodeBuilder& builder()
 {
@@ -25,26 +24,17 @@ void word(const CompilationException& failure, std::string_view text)
 template <class Compile, class Link>
 void compileAndLink(std::string_view text, Compile compile, Link link)
 {
-    try
-    {
+    try {
         const CompileResult result = (builder().*compile)(text);
         for (const Diagnostic& finding : result.findings())
             static_cast<void>(errorText(finding.code, blamedText(text, {finding.position, finding.length})));
         if (result.hasValue())
             (builder().*link)(result.value());
-    }
-    catch (const CompilationException& failure)
-    {
+    } catch (const CompilationException& failure) {
         word(failure, text);
-    }
-    catch (const LiteralConversionException&)
-    {
-    }
-    catch (const TokeniserAllocationFailure&)
-    {
-    }
-    catch (const JsonTypeException&)
-    {
+    } catch (const LiteralConversionException&) {
+    } catch (const TokeniserAllocationFailure&) {
+    } catch (const JsonTypeException&) {
         // a "for" that leaves out a clause
     }
 }
@@ -52,14 +42,11 @@ void compileAndLink(std::string_view text, Compile compile, Link link)
 /// Any JSON document may be given to the linker: it links, or says why not.
 void linkForeign(const std::string& text)
 {
-    try
-    {
+    try {
         std::istringstream input(text);
         const JsonDocument document = readDocument(input);
         builder().linkStatements(document.value());
-    }
-    catch (const std::runtime_error&)
-    {
+    } catch (const std::runtime_error&) {
     }
 }
 

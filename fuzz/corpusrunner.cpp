@@ -13,10 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 int main(int argc, char** argv)
 {
     std::size_t count = 0;
-    for (int index = 1; index < argc; ++index)
-    {
-        for (const auto& entry : std::filesystem::directory_iterator(argv[index]))
-        {
+    for (int index = 1; index < argc; ++index) {
+        for (const auto& entry : std::filesystem::directory_iterator(argv[index])) {
             std::cout << entry.path().filename().native() << std::endl;
             std::ifstream file(entry.path(), std::ios::binary);
             const std::string text{std::istreambuf_iterator<char>(file), {}};

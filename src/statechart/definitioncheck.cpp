@@ -7,6 +7,7 @@
 #include "statechart/definitionpath.h"
 #include "statechart/json/jsonreader.h"
 #include "statechart/linemap.h"
+#include "statechart/text/textwidth.h"
 
 #include <algorithm>
 #include <sstream>
@@ -24,12 +25,22 @@ struct Blame
     std::optional<SourceSpan> span;
 };
 
+/// A byte of no token is worded by the whole character that it starts: a part of one is no text.
+std::string_view shownText(std::string_view source, const Diagnostic& finding)
+{
+    const std::string_view blamed = blamedText(source, {finding.position, finding.length});
+    if (finding.code != static_cast<std::uint32_t>(LanguageError::unknownToken) || blamed.empty())
+        return blamed;
+    return source.substr(finding.position,
+                         std::max(blamed.size(), characterLength(source.substr(finding.position))));
+}
+
 std::vector<Blame> blamesOf(const std::vector<Diagnostic>& findings, std::string_view source)
 {
     std::vector<Blame> blames;
     for (const Diagnostic& finding : findings) {
-        const SourceSpan span{finding.position, finding.length};
-        blames.push_back({errorText(finding.code, blamedText(source, span)), finding.code, span});
+        blames.push_back({errorText(finding.code, shownText(source, finding)), finding.code,
+                          SourceSpan{finding.position, finding.length}});
     }
     return blames;
 }
@@ -90,17 +101,19 @@ public:
     /// A failure of the value at a path, or for want of it.
     void addAt(const JsonPath& path, const Blame& blame) { add(blame, Severity::error, path, rangeOf(path)); }
 
-    void addInText(const ActionText& text, const Blame& blame, Severity severity)
+    void addInText(const ActionText& text, const std::vector<Blame>& blames, Severity severity)
     {
-        const JsonRange string = locateJsonValue(m_definition, text.path).value;
+        const JsonStringOffsets offsets(m_definition, locator().locate(text.path).value);
         const auto offsetOf = [&](std::uint64_t position) {
             const std::uint64_t own = position > text.wrapped ? position - text.wrapped : 0;
-            return offsetOfStringByte(m_definition, string, std::min<std::size_t>(own, text.length));
+            return offsets.offsetOf(std::min<std::size_t>(own, text.length));
         };
-        const SourceSpan span = blame.span.value_or(SourceSpan{0, text.length});
-        const std::size_t start = offsetOf(span.position);
-        const std::size_t end = span.position == positionUnknown ? start : offsetOf(span.end());
-        add(blame, severity, text.path, {start, end - start});
+        for (const Blame& blame : blames) {
+            const SourceSpan span = blame.span.value_or(SourceSpan{0, text.length});
+            const std::size_t start = offsetOf(span.position);
+            const std::size_t end = span.position == positionUnknown ? start : offsetOf(span.end());
+            add(blame, severity, text.path, {start, end - start});
+        }
     }
 
     std::vector<Finding> take()
@@ -112,10 +125,18 @@ public:
     }
 
 private:
-    /// What to point at: a simple value itself, but the key of a large one and of one that lacks something.
-    JsonRange rangeOf(const JsonPath& path) const
+    /// Made for the first finding: most definitions have none.
+    const JsonLocator& locator()
     {
-        const JsonLocation location = locateJsonValue(m_definition, path);
+        if (!m_locator)
+            m_locator.emplace(m_definition);
+        return *m_locator;
+    }
+
+    /// What to point at: a simple value itself, but the key of a large one and of one that lacks something.
+    JsonRange rangeOf(const JsonPath& path)
+    {
+        const JsonLocation location = locator().locate(path);
         const char first = location.value.length > 0 ? m_definition[location.value.offset] : '\0';
         const bool isSimple = first != '{' && first != '[';
         if (location.matched == path.size() && isSimple)
@@ -135,34 +156,35 @@ private:
                               .column = place.column,
                               .offset = range.offset,
                               .length = range.length,
-                              .sourceLine = std::string(m_lines.line(place.line))});
+                              .sourceLine = m_lines.line(place.line)});
     }
 
     std::string_view m_definition;
     LineMap m_lines;
+    std::optional<JsonLocator> m_locator;
     std::vector<Finding> m_findings;
 };
 
 void addWarnings(const CompileRecord& record, Report& report)
 {
     for (const auto& [text, warnings] : record.warnings()) {
+        std::vector<Blame> blames;
         for (const Diagnostic& warning : warnings) {
             const SourceSpan span{warning.position, warning.length};
-            const std::string words = warningText(warning.code, blamedText(text.source, span));
-            report.addInText(text, {words, warning.code, span}, Severity::warning);
+            blames.push_back({warningText(warning.code, blamedText(text.source, span)), warning.code, span});
         }
+        report.addInText(text, blames, Severity::warning);
     }
 }
 
 void addFailure(const CompileRecord& record, const std::exception_ptr& failure, Report& report)
 {
-    const std::optional<ActionText>& text = record.failedText();
-    for (const Blame& blame : blamesOf(failure, text ? std::string_view(text->source) : std::string_view())) {
-        if (text)
-            report.addInText(*text, blame, Severity::error);
-        else
-            report.addAt(record.failure().value_or(JsonPath()), blame);
+    if (const std::optional<ActionText>& text = record.failedText()) {
+        report.addInText(*text, blamesOf(failure, text->source), Severity::error);
+        return;
     }
+    for (const Blame& blame : blamesOf(failure, {}))
+        report.addAt(record.failure().value_or(JsonPath()), blame);
 }
 
 void checkDevice(const JsonObject& definition, Report& report)

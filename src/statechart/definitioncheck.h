@@ -3,6 +3,8 @@
 
 #include "statechart/finding.h"
 
+#include <concepts>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,5 +16,8 @@
 ///     for (const Finding& finding : checkDefinition(text))
 ///         show(finding.line, finding.column, finding.text);
 HALVWIDGETS_EXPORT std::vector<Finding> checkDefinition(std::string_view definition);
+
+/// The findings refer to the text: it must not be gone before them.
+std::vector<Finding> checkDefinition(std::same_as<std::string> auto&& definition) = delete;
 
 #endif

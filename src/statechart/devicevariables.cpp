@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <stdexcept>
 #include <string_view>
@@ -19,10 +20,19 @@ std::optional<JsonValue> integerValue(const JsonValue& value)
     return value.isInt() ? std::optional(value) : std::nullopt;
 }
 
+/// Infinity has no text in JSON: a compiled file that held it could not be read back.
+double finiteNumber(const std::string& text)
+{
+    const double number = parseEngineeringNumber(text);
+    if (!std::isfinite(number))
+        throw std::runtime_error("invalid format for number conversion");
+    return number;
+}
+
 std::optional<JsonValue> realValue(const JsonValue& value)
 {
     if (value.isString())
-        return JsonValue(parseEngineeringNumber(value.asString()));
+        return JsonValue(finiteNumber(value.asString()));
     return value.isNumber() ? std::optional(value) : std::nullopt;
 }
 

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 /// Something to say about a definition: what, how grave, and where in its text. The command line and the
 /// editor show the same findings.
@@ -31,7 +32,10 @@ struct HALVWIDGETS_EXPORT Finding
     std::size_t column = 1; ///< from 1, in bytes
     std::size_t offset = 0; ///< of the first blamed byte in the text of the definition
     std::size_t length = 0; ///< in bytes of that text; 0 for a place between two characters or at an end
-    std::string sourceLine; ///< without its line end
+
+    /// Its line without the line end: a piece of the text that was checked, which has to be there as long as
+    /// this is looked at.
+    std::string_view sourceLine;
 };
 
 #endif

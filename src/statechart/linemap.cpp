@@ -20,6 +20,11 @@ LineMap::Place LineMap::placeOf(std::size_t offset) const
 
 std::string_view LineMap::line(std::size_t number) const
 {
-    const std::string_view rest = m_text.substr(m_starts[number - 1]);
-    return rest.substr(0, rest.find_first_of("\r\n"));
+    const std::size_t start = m_starts[number - 1];
+    if (number == m_starts.size())
+        return m_text.substr(start);
+    std::size_t end = m_starts[number] - 1;
+    if (m_text[end] == '\n' && end > start && m_text[end - 1] == '\r')
+        --end;
+    return m_text.substr(start, end - start);
 }

@@ -2,9 +2,9 @@
 
 #include "languagetester.h"
 #include "operatormodel.h"
+#include "support/commalocale.h"
 #include "support/recordinginterface.h"
 
-#include <locale>
 #include <thread>
 
 namespace {
@@ -61,22 +61,11 @@ TEST(ALinkedAction, DoesNotChangeItsForm)
     EXPECT_EQ(compiled.value(), before);
 }
 
-/// A decimal comma, and thousands apart.
-class CommaPunctuation : public std::numpunct<char>
-{
-protected:
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
 TEST(ANumber, IsReadAndWrittenWithoutTheLocale)
 {
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation));
-    std::vector<std::string> lines;
-    EXPECT_NO_THROW(lines = printedBy("print(1.5); print(1234567); print(format(\"{}\", 2.5e9));"));
-    std::locale::global(before);
-    EXPECT_EQ(lines, (std::vector<std::string>{"1.5", "1234567", "2.5e+09"}));
+    const CommaLocale locale;
+    EXPECT_EQ(printedBy("print(1.5); print(1234567); print(format(\"{}\", 2.5e9));"),
+              (std::vector<std::string>{"1.5", "1234567", "2.5e+09"}));
 }
 
 TEST(CompileResult, GivesItsFindingsInPlaceOfAForm)

@@ -1,24 +1,7 @@
 #include "shelltester.h"
+#include "support/commalocale.h"
 
 namespace {
-
-/// The smallest locale in which a decimal comma stands, and the characters that it needs.
-constexpr auto localeSource = "LC_NUMERIC\n"
-                              "decimal_point \"<U002C>\"\n"
-                              "thousands_sep \"<U002E>\"\n"
-                              "grouping 3;3\n"
-                              "END LC_NUMERIC\n";
-
-std::string characterMap()
-{
-    std::string map = "<code_set_name> ANSI_X3.4-1968\n<comment_char> %\n<escape_char> /\nCHARMAP\n";
-    const char* digits = "0123456789abcdef";
-    for (std::size_t code = 0; code < 128; ++code) {
-        const std::string number{digits[code / 16], digits[code % 16]};
-        map += "<U00" + number + "> /x" + number + " character\n";
-    }
-    return map + "END CHARMAP\n";
-}
 
 /// A definition with numbers in every place: texts, JSON numbers, and actions.
 constexpr auto definitionWithNumbers =
@@ -31,11 +14,8 @@ class NumberLocale : public ShellTester
 protected:
     void SetUp() override
     {
-        const std::string source = folder.write("comma.source", localeSource);
-        const std::string map = folder.write("characters", characterMap());
-        // It warns of the categories that the locale leaves out, and its exit code tells of warnings.
-        runProcess({"localedef", "-c", "--no-archive", "-i", source, "-f", map, folder / "comma"});
-        comma.environment = {{"LOCPATH", folder.path().native()}, {"LC_ALL", "comma"}};
+        writeCommaLocale(folder);
+        comma.environment = {{"LOCPATH", folder.path().native()}, {"LC_ALL", commaLocaleName}};
         plain.environment = {{"LC_ALL", "C"}};
         ASSERT_EQ(runProcess({"/usr/bin/printf", "%.1f", "0"}, comma).output, "0,0")
             << "there is no locale with a decimal comma to test with";

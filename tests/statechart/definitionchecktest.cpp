@@ -100,6 +100,12 @@ const std::vector<CheckCase> actionTexts{
      "'z': undeclared identifier", R"(states["a"].transitions["t"].conditions.[1])"},
     {"aByteOfNoToken", withState(R"("onEntry": "int a1 = 1; «$» b")"), error, 37, "unknown token '$'",
      R"(states["a"].onEntry)"},
+    {"aCharacterOfNoToken", withState("\"onEntry\": \"1; «\xc3»\xa9\""), error, 37,
+     "unknown token '\xc3\xa9'", R"(states["a"].onEntry)"},
+    {"aCharacterOfFourBytes", withState("\"onEntry\": \"«\xf0»\x9f\x98\x80 1;\""), error, 37,
+     "unknown token '\xf0\x9f\x98\x80'", R"(states["a"].onEntry)"},
+    {"aByteThatStartsNoCharacter", withState("\"onEntry\": \"«\xc3»(\""), error, 37, "unknown token '\xc3'",
+     R"(states["a"].onEntry)"},
     {"aByteOfNoTokenThatIsEscaped", withState(R"("onEntry": "1; «\\»")"), error, 37, "unknown token '\\'",
      R"(states["a"].onEntry)"},
     {"anUnterminatedComment", withState(R"("onEntry": "1; /*«»")"), error, 32,
@@ -128,6 +134,8 @@ const std::vector<CheckCase> structures{
     {"missingStates", R"(«{»"start": "a"})", error, std::nullopt, "invalid key", "states"},
     {"aStateThatIsNoObject", R"({"states": {"a": «17»}})", error, std::nullopt, "invalid cast",
      R"(states["a"])"},
+    {"aStateWhoseTypeIsNoString", R"({"states": {"a": {«"type"»: ["atomic"]}}})", error, std::nullopt,
+     "invalid cast", R"(states["a"].type)"},
     {"aStateWithoutType", R"({"states": {«"a"»: {}}})", error, std::nullopt, "invalid key",
      R"(states["a"].type)"},
     {"aStartThatNamesNothing", R"({"states": {}, "start": «"b"»})", error, std::nullopt,
@@ -189,7 +197,8 @@ INSTANTIATE_TEST_SUITE_P(Structures, DefinitionCheck, testing::ValuesIn(structur
 
 TEST(CheckedDefinition, HasNoFindingsWhenThereIsNothingToSay)
 {
-    EXPECT_TRUE(checkDefinition(withState(R"("onEntry": "print(\"hello\");")")).empty());
+    const std::string definition = withState(R"("onEntry": "print(\"hello\");")");
+    EXPECT_TRUE(checkDefinition(definition).empty());
 }
 
 TEST(CheckedDefinition, HasLinesAndColumnsInBytesFromOne)
@@ -205,8 +214,8 @@ TEST(CheckedDefinition, HasLinesAndColumnsInBytesFromOne)
 
 TEST(CheckedDefinition, ReportsWarningsBesideTheErrorInTheOrderOfTheText)
 {
-    const std::vector<Finding> findings =
-        checkDefinition(withState(R"("onExit": "z;", "onEntry": ["int x;", "int y;"])"));
+    const std::string definition = withState(R"("onExit": "z;", "onEntry": ["int x;", "int y;"])");
+    const std::vector<Finding> findings = checkDefinition(definition);
     ASSERT_EQ(findings.size(), 3u);
     EXPECT_EQ(findings[0].text, "'z': undeclared identifier");
     EXPECT_EQ(findings[1].text, "'x' is not used");
@@ -215,8 +224,9 @@ TEST(CheckedDefinition, ReportsWarningsBesideTheErrorInTheOrderOfTheText)
 
 TEST(CheckedDefinition, ReportsWarningsOfConditionsAndWakeTimes)
 {
-    const std::vector<Finding> findings = checkDefinition(
-        withTransition(R"j("event": "wake", "wakeTime": "1\\q", "conditions": "isPinHigh(\"\\w\")")j"));
+    const std::string definition =
+        withTransition(R"j("event": "wake", "wakeTime": "1\\q", "conditions": "isPinHigh(\"\\w\")")j");
+    const std::vector<Finding> findings = checkDefinition(definition);
     ASSERT_EQ(findings.size(), 2u);
     EXPECT_EQ(findings[0].path, R"(states["a"].transitions["t"].wakeTime)");
     EXPECT_EQ(findings[0].severity, warning);
@@ -226,8 +236,8 @@ TEST(CheckedDefinition, ReportsWarningsOfConditionsAndWakeTimes)
 
 TEST(CheckedDefinition, ReportsEveryFindingOfTheTokeniser)
 {
-    const std::vector<Finding> findings =
-        checkDefinition(withState("\"onEntry\": \"print(\\\"a\\n\\\"b\\n/*\""));
+    const std::string definition = withState("\"onEntry\": \"print(\\\"a\\n\\\"b\\n/*\"");
+    const std::vector<Finding> findings = checkDefinition(definition);
     ASSERT_EQ(findings.size(), 3u);
     EXPECT_EQ(findings[0].text, "newline in constant");
     EXPECT_EQ(findings[1].text, "newline in constant");
@@ -240,6 +250,55 @@ TEST(CheckedDefinition, TakesTheFirstOfDuplicateKeysAsTheCompilerDoes)
     const std::vector<Finding> findings = checkDefinition(definition);
     ASSERT_EQ(findings.size(), 1u);
     EXPECT_EQ(findings[0].offset, definition.find("x;"));
+}
+
+/// Many of the same, one behind the other.
+std::string repeated(std::string_view text, std::size_t count)
+{
+    std::string result;
+    for (std::size_t index = 0; index < count; ++index)
+        result += text;
+    return result;
+}
+
+TEST(CheckedDefinition, PlacesEachOfManyFindingsInOneText)
+{
+    constexpr std::size_t count = 20000;
+    const std::string action = R"(print(\"a\\q\");)";
+    const std::string definition = withState("\"onEntry\": \"" + repeated(action, count) + "\"");
+    const std::vector<Finding> findings = checkDefinition(definition);
+    ASSERT_EQ(findings.size(), count);
+    const std::size_t first = definition.find("\\\\q");
+    for (std::size_t index = 0; index < count; ++index) {
+        ASSERT_EQ(findings[index].offset, first + index * action.size());
+        ASSERT_EQ(findings[index].sourceLine.data(), definition.data());
+    }
+}
+
+TEST(CheckedDefinition, PlacesAFindingInEachOfManyTextsOnOneLine)
+{
+    constexpr std::size_t count = 10000;
+    const std::string text = R"("int x;",)";
+    std::string definition = withState("\"onEntry\": [" + repeated(text, count) + "\"\"]");
+    const std::vector<Finding> findings = checkDefinition(definition);
+    ASSERT_EQ(findings.size(), count);
+    const std::size_t first = definition.find("x;");
+    for (std::size_t index = 0; index < count; ++index) {
+        ASSERT_EQ(findings[index].offset, first + index * text.size());
+        ASSERT_EQ(findings[index].line, 1u);
+    }
+}
+
+TEST(CheckedDefinition, PlacesEachOfManyFindingsOnLinesOfTheirOwn)
+{
+    constexpr std::size_t count = 50000;
+    const std::string definition = withState("\"onEntry\": [" + repeated("\"int x;\",\r\n", count) + "\"\"]");
+    const std::vector<Finding> findings = checkDefinition(definition);
+    ASSERT_EQ(findings.size(), count);
+    for (std::size_t index = 0; index < count; ++index)
+        ASSERT_EQ(findings[index].line, index + 1);
+    EXPECT_EQ(findings[count - 1].column, 6u);
+    EXPECT_EQ(findings[count - 1].sourceLine, "\"int x;\",");
 }
 
 TEST(CheckedDefinition, SurvivesBeingCutOffAnywhere)

@@ -32,7 +32,8 @@ class ExampleCharts : public testing::TestWithParam<std::filesystem::path>
 
 TEST_P(ExampleCharts, HaveNoFindings)
 {
-    for (const Finding& finding : checkDefinition(readText(GetParam())))
+    const std::string definition = readText(GetParam());
+    for (const Finding& finding : checkDefinition(definition))
         ADD_FAILURE() << finding.line << ':' << finding.column << ": " << finding.text;
 }
 
@@ -101,9 +102,10 @@ INSTANTIATE_TEST_SUITE_P(Folders, ExampleCharts, testing::ValuesIn(definitionsUn
 
 TEST(ExampleChartsWithErrors, AreShownWithTheErrorAndItsWarnings)
 {
-    const std::vector<Finding> findings =
-        checkDefinition(readText(std::filesystem::path(PROJECT_FOLDER) /
-                                 "examples/charts-with-errors/undeclared-variable/definition.json"));
+    const std::string definition =
+        readText(std::filesystem::path(PROJECT_FOLDER) /
+                 "examples/charts-with-errors/undeclared-variable/definition.json");
+    const std::vector<Finding> findings = checkDefinition(definition);
     ASSERT_EQ(findings.size(), 3u);
     EXPECT_EQ(findings[0].severity, Finding::Severity::warning);
     EXPECT_EQ(findings[0].text, "':': unrecognised character escape sequence");

@@ -137,6 +137,10 @@ std::string chartWithTransition(std::string_view members)
 const std::vector<ChartCase> refusedCharts{
     {"missingStates", R"({"start": "a"})", "invalid key"},
     {"statesThatAreNoObject", R"({"start": "a", "states": []})", "invalid cast"},
+    {"aStateWhoseTypeIsNoString", R"({"start": "a", "states": {"a": {"type": 1}}})", "invalid cast"},
+    {"aNestedStateWhoseTypeIsNoString",
+     R"({"start": "a", "states": {"a": {"type": "parallel", "substates": {"b": {"type": null}}}}})",
+     "invalid cast"},
     {"aStateThatIsNoObject", R"({"start": "a", "states": {"a": 1}})", "invalid cast"},
     {"aStateWithoutType", R"({"start": "a", "states": {"a": {}}})", "invalid key"},
     {"missingStart", R"({"states": {"a": {"type": "atomic"}}})", "invalid key"},

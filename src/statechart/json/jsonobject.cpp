@@ -45,12 +45,12 @@ bool JsonObject::empty() const
 void JsonObject::reserve(std::size_t count)
 {
     m_members.reserve(count);
-    m_next.reserve(count);
-    std::size_t buckets = std::max(m_buckets.size(), initialBuckets);
+    if (count <= bucketCount())
+        return;
+    std::size_t buckets = std::max(bucketCount(), initialBuckets);
     while (buckets < count)
         buckets *= 2;
-    if (buckets > m_buckets.size())
-        rehash(buckets);
+    rehash(buckets);
 }
 
 JsonObject::const_iterator JsonObject::begin() const
@@ -92,6 +92,12 @@ bool JsonObject::insert(std::string key, JsonValue value)
     return true;
 }
 
+JsonValue* JsonObject::add(std::string_view key)
+{
+    const std::uint64_t hash = hashOf(key);
+    return indexOf(key, hash) == none ? &append(std::string(key), JsonValue(), hash) : nullptr;
+}
+
 JsonValue& JsonObject::set(std::string key, JsonValue value)
 {
     const std::uint64_t hash = hashOf(key);
@@ -104,35 +110,34 @@ JsonValue& JsonObject::set(std::string key, JsonValue value)
 
 std::uint32_t JsonObject::indexOf(std::string_view key, std::uint64_t hash) const
 {
-    if (m_buckets.empty())
+    if (m_index.empty())
         return none;
-    std::uint32_t index = m_buckets[bucketOf(hash, m_buckets.size())];
+    std::uint32_t index = m_index[bucketOf(hash, bucketCount())];
     while (index != none && m_members[index].key != key)
-        index = m_next[index];
+        index = m_index[bucketCount() + index];
     return index;
 }
 
 JsonValue& JsonObject::append(std::string key, JsonValue value, std::uint64_t hash)
 {
-    if (m_buckets.empty())
-        rehash(initialBuckets);
-    else if (m_members.size() == m_buckets.size())
-        rehash(m_buckets.size() * 2);
+    if (m_members.size() == bucketCount())
+        rehash(std::max(bucketCount() * 2, initialBuckets));
     const auto index = static_cast<std::uint32_t>(m_members.size());
-    std::uint32_t& bucket = m_buckets[bucketOf(hash, m_buckets.size())];
-    m_next.resize(index); // longer than that only when an earlier append() ran out of memory below
-    m_next.push_back(bucket);
     m_members.push_back({std::move(key), std::move(value)});
-    bucket = index;
+    chain(index, hash);
     return m_members.back().value;
 }
 
-void JsonObject::rehash(std::size_t bucketCount)
+void JsonObject::chain(std::uint32_t index, std::uint64_t hash)
 {
-    m_buckets.assign(bucketCount, none);
-    for (std::uint32_t index = 0; index < m_members.size(); ++index) {
-        std::uint32_t& bucket = m_buckets[bucketOf(hashOf(m_members[index].key), bucketCount)];
-        m_next[index] = bucket;
-        bucket = index;
-    }
+    std::uint32_t& bucket = m_index[bucketOf(hash, bucketCount())];
+    m_index[bucketCount() + index] = bucket;
+    bucket = index;
+}
+
+void JsonObject::rehash(std::size_t buckets)
+{
+    m_index.assign(buckets * 2, none);
+    for (std::uint32_t index = 0; index < m_members.size(); ++index)
+        chain(index, hashOf(m_members[index].key));
 }

@@ -4,8 +4,6 @@
 
 #include <charconv>
 #include <istream>
-#include <streambuf>
-#include <utility>
 
 namespace {
 
@@ -20,277 +18,232 @@ bool startsValue(int byte)
            byte == '-' || isDigit(byte);
 }
 
-/// The bytes of a stream, taken from its buffer, and how many of them were taken.
-class Source
+} // namespace
+
+JsonValue JsonReader::readValue()
 {
-public:
-    explicit Source(std::istream& input) : m_buffer(input.rdbuf())
-    {
-        if (m_buffer == nullptr)
+    m_source.skipWhitespace();
+    JsonValue value;
+    readOn(readInto(value));
+    return value;
+}
+
+JsonObject JsonReader::readObject()
+{
+    JsonValue value;
+    readOn(openObject(value));
+    return std::move(value.asObject());
+}
+
+JsonArray JsonReader::readArray()
+{
+    JsonValue value;
+    readOn(openArray(value));
+    return std::move(value.asArray());
+}
+
+void JsonReader::readOn(JsonValue* next)
+{
+    for (;;) {
+        if (next == nullptr)
+            next = nextPlace();
+        if (next == nullptr)
             return;
-        const std::streamoff start = m_buffer->pubseekoff(0, std::ios_base::cur, std::ios_base::in);
-        m_position = start < 0 ? 0 : static_cast<std::uint64_t>(start);
-        m_here = m_buffer->sgetc();
+        m_source.skipWhitespace();
+        next = readInto(*next);
     }
+}
 
-    static constexpr int end = std::char_traits<char>::eof();
-
-    /// The next byte as an unsigned one, or `end`.
-    int here() const { return m_here; }
-
-    int take()
-    {
-        ++m_position;
-        return std::exchange(m_here, m_buffer->snextc());
-    }
-
-    void skipWhitespace()
-    {
-        while (m_here == ' ' || m_here == '\n' || m_here == '\r' || m_here == '\t')
-            take();
-    }
-
-    void takeIf(int byte, const char* reason)
-    {
-        if (m_here != byte)
-            fail(reason);
-        take();
-    }
-
-    [[noreturn]] void fail(const char* reason) const { throw JsonReadException(reason, m_position); }
-
-private:
-    std::streambuf* m_buffer;
-    std::uint64_t m_position = 0;
-    int m_here = end;
-};
-
-/// Reads one value. Containers that are not closed yet stand in a list of their own, so that depth takes no
-/// stack.
-class Reader
+JsonValue* JsonReader::nextPlace()
 {
-public:
-    explicit Reader(std::istream& input) : m_source(input) {}
-
-    JsonValue read()
-    {
-        for (;;) {
-            // Either a whole value was read, or a container was opened that expects its first member.
-            JsonValue value;
-            if (!readValue(value))
-                continue;
-            m_source.skipWhitespace();
-            while (!m_open.empty() && endsContainer(value))
-                m_source.skipWhitespace();
-            if (m_open.empty())
-                return value;
-        }
-    }
-
-private:
-    struct Open
-    {
-        JsonValue container;
-        std::string key; // of the member that is being read
-    };
-
-    /// @return false when it opened an array or an object that is not empty.
-    bool readValue(JsonValue& value)
-    {
-        m_source.skipWhitespace();
-        switch (m_source.here()) {
-        case '"':
-            value = JsonValue(readString());
-            return true;
-        case '[':
-            return openArray(value);
-        case '{':
-            return openObject(value);
-        case 'f':
-        case 't':
-            value = JsonValue(readBoolean());
-            return true;
-        case 'n':
-            readLiteral("null", "expected 'null'");
-            return true;
-        default:
-            if (!startsValue(m_source.here()))
-                m_source.fail("expected value");
-            value = readNumber();
-            return true;
-        }
-    }
-
-    void checkDepth() const
-    {
-        if (m_open.size() >= static_cast<std::size_t>(jsonMaximumDepth))
-            m_source.fail("nesting too deep");
-    }
-
-    bool openArray(JsonValue& value)
-    {
-        checkDepth();
-        m_source.takeIf('[', "expected [");
-        m_source.skipWhitespace();
-        if (m_source.here() == ']') {
-            m_source.take();
-            value = JsonValue(JsonArray());
-            return true;
-        }
-        if (!startsValue(m_source.here()))
-            m_source.fail("expected ] or array definition");
-        m_open.push_back({JsonValue(JsonArray()), {}});
-        return false;
-    }
-
-    bool openObject(JsonValue& value)
-    {
-        checkDepth();
-        m_source.takeIf('{', "expected {");
-        m_source.skipWhitespace();
-        if (m_source.here() == '}') {
-            m_source.take();
-            value = JsonValue(JsonObject());
-            return true;
-        }
-        if (m_source.here() != '"')
-            m_source.fail("expected } or object definition");
-        m_open.push_back({JsonValue(JsonObject()), {}});
-        readKey();
-        return false;
-    }
-
-    void readKey()
-    {
-        m_open.back().key = readString();
-        m_source.skipWhitespace();
-        m_source.takeIf(':', "expected :");
-    }
-
-    /// Puts a value into the innermost open container. If that is complete, it becomes the value.
-    /// @return false when the container goes on.
-    bool endsContainer(JsonValue& value)
-    {
-        Open& open = m_open.back();
-        const bool isArray = open.container.isArray();
-        if (isArray)
-            open.container.asArray().push_back(std::move(value));
-        else
-            open.container.asObject().insert(std::move(open.key),
-                                             std::move(value)); // the first of a key stays
+    m_source.skipWhitespace();
+    while (!m_open.empty()) {
+        JsonValue& container = *m_open.back();
+        const bool isArray = container.isArray();
         if (m_source.here() == ',') {
             m_source.take();
-            if (!isArray) {
-                m_source.skipWhitespace();
-                readKey();
-            }
-            return false;
+            return isArray ? &container.asArray().emplace_back() : placeOfMember(container.asObject());
         }
         if (isArray)
             m_source.takeIf(']', "expected ',' or ']'");
         else
             m_source.takeIf('}', "expected ',' or '}'");
-        value = std::move(open.container);
         m_open.pop_back();
+        m_source.skipWhitespace();
+    }
+    return nullptr;
+}
+
+JsonValue* JsonReader::readInto(JsonValue& place)
+{
+    switch (m_source.here()) {
+    case '"':
+        place = readString();
+        return nullptr;
+    case '[':
+        return openArray(place);
+    case '{':
+        return openObject(place);
+    case 'f':
+    case 't':
+        place = readBoolean();
+        return nullptr;
+    case 'n':
+        readLiteral("null", "expected 'null'");
+        return nullptr; // a place is null from the start
+    default:
+        if (!startsValue(m_source.here()))
+            m_source.fail("expected value");
+        place = readNumber();
+        return nullptr;
+    }
+}
+
+void JsonReader::checkDepth() const
+{
+    if (m_open.size() >= static_cast<std::size_t>(jsonMaximumDepth))
+        m_source.fail("nesting too deep");
+}
+
+JsonValue* JsonReader::openArray(JsonValue& place)
+{
+    checkDepth();
+    m_source.takeIf('[', "expected [");
+    m_source.skipWhitespace();
+    place = JsonArray();
+    if (m_source.here() == ']') {
+        m_source.take();
+        return nullptr;
+    }
+    if (!startsValue(m_source.here()))
+        m_source.fail("expected ] or array definition");
+    m_open.push_back(&place);
+    return &place.asArray().emplace_back();
+}
+
+JsonValue* JsonReader::openObject(JsonValue& place)
+{
+    checkDepth();
+    m_source.takeIf('{', "expected {");
+    m_source.skipWhitespace();
+    place = JsonObject();
+    if (m_source.here() == '}') {
+        m_source.take();
+        return nullptr;
+    }
+    if (m_source.here() != '"')
+        m_source.fail("expected } or object definition");
+    m_open.push_back(&place);
+    return placeOfMember(place.asObject());
+}
+
+JsonValue* JsonReader::placeOfMember(JsonObject& object)
+{
+    m_source.skipWhitespace();
+    readStringIntoText();
+    m_source.skipWhitespace();
+    m_source.takeIf(':', "expected :");
+    JsonValue* const place = object.add(m_text);
+    return place != nullptr ? place : &m_discarded.emplace_back(); // the first of a key stays
+}
+
+bool JsonReader::readBoolean()
+{
+    switch (m_source.here()) {
+    case 't':
+        readLiteral("true", "expected 'true'");
         return true;
+    case 'f':
+        readLiteral("false", "expected 'false'");
+        return false;
+    default:
+        m_source.fail("expected 'true' or 'false'");
     }
+}
 
-    bool readBoolean()
-    {
-        switch (m_source.here()) {
-        case 't':
-            readLiteral("true", "expected 'true'");
-            return true;
-        case 'f':
-            readLiteral("false", "expected 'false'");
-            return false;
-        default:
-            m_source.fail("expected 'true' or 'false'");
-        }
+void JsonReader::readLiteral(std::string_view word, const char* reason)
+{
+    for (const char byte : word)
+        m_source.takeIf(byte, reason);
+}
+
+void JsonReader::takeDigits()
+{
+    while (isDigit(m_source.here()))
+        takeIntoText();
+}
+
+JsonValue JsonReader::readNumber()
+{
+    m_text.clear();
+    if (m_source.here() == '-')
+        takeIntoText();
+    if (m_source.here() == '0')
+        takeIntoText();
+    else if (isDigit(m_source.here()))
+        takeDigits();
+    else
+        m_source.fail("expected number 0-9");
+    const bool isReal = m_source.here() == '.';
+    if (isReal) {
+        takeIntoText();
+        takeDigits();
     }
-
-    void readLiteral(std::string_view word, const char* reason)
-    {
-        for (const char byte : word)
-            m_source.takeIf(byte, reason);
-    }
-
-    void takeDigits()
-    {
-        while (isDigit(m_source.here()))
+    if (m_source.here() == 'e' || m_source.here() == 'E') {
+        takeIntoText();
+        if (m_source.here() == '+' || m_source.here() == '-')
             takeIntoText();
+        takeDigits();
     }
+    return isReal ? convert(0.0) : convert(std::int32_t{0});
+}
 
-    void takeIntoText() { m_text += static_cast<char>(m_source.take()); }
+/// What the conversion leaves of the text is dropped with it: "1e3" is the integer 1.
+template <class Number>
+JsonValue JsonReader::convert(Number number) const
+{
+    if (std::from_chars(m_text.data(), m_text.data() + m_text.size(), number).ec != std::errc())
+        m_source.fail("invalid number");
+    return JsonValue(number);
+}
 
-    JsonValue readNumber()
-    {
-        m_text.clear();
-        if (m_source.here() == '-')
-            takeIntoText();
-        if (m_source.here() == '0')
-            takeIntoText();
-        else if (isDigit(m_source.here()))
-            takeDigits();
+std::string JsonReader::readString()
+{
+    readStringIntoText();
+    return m_text;
+}
+
+void JsonReader::readStringIntoText()
+{
+    m_source.takeIf('"', "expected string opening \"");
+    m_text.clear();
+    while (m_source.here() != '"' && m_source.here() != JsonSource::end) {
+        if (m_source.here() == '\\')
+            readEscape();
         else
-            m_source.fail("expected number 0-9");
-        const bool isReal = m_source.here() == '.';
-        if (isReal) {
-            takeIntoText();
-            takeDigits();
-        }
-        if (m_source.here() == 'e' || m_source.here() == 'E') {
-            takeIntoText();
-            if (m_source.here() == '+' || m_source.here() == '-')
-                takeIntoText();
-            takeDigits();
-        }
-        return isReal ? convert(0.0) : convert(std::int32_t{0});
+            m_source.takePlainBytes(m_text);
     }
+    if (m_source.here() == JsonSource::end)
+        m_source.fail("unexpected end of string");
+    readStringEnd();
+}
 
-    /// What the conversion leaves of the text is dropped with it: "1e3" is the integer 1.
-    template <class Number>
-    JsonValue convert(Number number) const
-    {
-        if (std::from_chars(m_text.data(), m_text.data() + m_text.size(), number).ec != std::errc())
-            m_source.fail("invalid number");
-        return JsonValue(number);
-    }
+void JsonReader::readStringEnd()
+{
+    m_source.takeIf('"', "expected closing string \"");
+}
 
-    std::string readString()
-    {
-        m_source.takeIf('"', "expected string opening \"");
-        m_text.clear();
-        while (m_source.here() != '"' && m_source.here() != Source::end) {
-            if (m_source.here() == '\\')
-                readEscape();
-            else
-                takeIntoText();
-        }
-        if (m_source.here() == Source::end)
-            m_source.fail("unexpected end of string");
-        m_source.takeIf('"', "expected closing string \"");
-        return m_text;
-    }
-
-    void readEscape()
-    {
-        m_source.take();
-        if (m_source.here() == Source::end)
-            m_source.fail("unexpected end of string");
-        const char* const byte = unescaped(static_cast<char>(m_source.here()));
-        if (byte == nullptr)
-            m_source.fail("unexepected escaped character");
-        m_text += *byte;
-        m_source.take();
-    }
-
-    Source m_source;
-    std::vector<Open> m_open;
-    std::string m_text; // of the token that is being read
-};
-
-} // namespace
+void JsonReader::readEscape()
+{
+    m_source.take();
+    if (m_source.here() == JsonSource::end)
+        m_source.fail("unexpected end of string");
+    const char* const byte = unescaped(static_cast<char>(m_source.here()));
+    if (byte == nullptr)
+        m_source.fail("unexepected escaped character");
+    m_text += *byte;
+    m_source.take();
+}
 
 JsonDocument::JsonDocument(JsonValue value) : m_value(std::move(value))
 {
@@ -300,7 +253,7 @@ JsonDocument::JsonDocument(JsonValue value) : m_value(std::move(value))
 
 JsonDocument readDocument(std::istream& input)
 {
-    return JsonDocument(Reader(input).read());
+    return JsonDocument(JsonReader(input).readValue());
 }
 
 const JsonObject& asObject(const JsonDocument& document)
@@ -315,4 +268,16 @@ const JsonArray& asArray(const JsonDocument& document)
     if (!document.value().isArray())
         throw JsonException("JSON document is not an array");
     return document.value().asArray();
+}
+
+JsonObject asObject(JsonDocument&& document)
+{
+    asObject(std::as_const(document));
+    return std::move(std::move(document).value().asObject());
+}
+
+JsonArray asArray(JsonDocument&& document)
+{
+    asArray(std::as_const(document));
+    return std::move(std::move(document).value().asArray());
 }

@@ -43,8 +43,6 @@ JsonValue::JsonValue(const JsonValue& other) : m_content(JsonNull())
         m_content = other.m_content;
 }
 
-JsonValue::JsonValue(JsonValue&& other) noexcept = default;
-
 JsonValue& JsonValue::operator=(const JsonValue& other)
 {
     return *this = JsonValue(other);
@@ -52,13 +50,17 @@ JsonValue& JsonValue::operator=(const JsonValue& other)
 
 JsonValue& JsonValue::operator=(JsonValue&& other) noexcept
 {
+    if (!isArray() && !isObject()) {
+        m_content = std::move(other.m_content);
+        return *this;
+    }
     // `other` may stand inside of what is destroyed here.
     Content taken(std::move(other.m_content));
     m_content = std::move(taken);
     return *this;
 }
 
-JsonValue::~JsonValue()
+void JsonValue::dropNestedValues() noexcept
 {
     if (!hasNestedValues())
         return;
@@ -246,8 +248,7 @@ void JsonValue::copyTree(const JsonValue& other)
         } else {
             const JsonObject& source = from->asObject();
             JsonObject& target = to->m_content.emplace<JsonObject>();
-            target.m_buckets = source.m_buckets;
-            target.m_next = source.m_next;
+            target.m_index = source.m_index;
             target.m_members.reserve(source.size());
             for (const JsonMember& member : source)
                 target.m_members.push_back({member.key, JsonValue()});

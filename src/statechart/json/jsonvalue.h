@@ -56,7 +56,8 @@ private:
 };
 
 /// Members by key: a hash map (64-bit FNV-1a, load factor 1.0, 8 buckets at first) whose own sequence is
-/// the order of insertion, so that a document that was read and written differs only where it changed.
+/// the order of insertion, so that a document that was read and written differs only where it changed. An
+/// empty one holds no memory.
 class HALVWIDGETS_EXPORT JsonObject
 {
 public:
@@ -84,6 +85,10 @@ public:
     /// Adds a member unless the key is there already; tells whether it did.
     bool insert(std::string key, JsonValue value);
 
+    /// Adds a member whose value, null at first, is to be filled in where it stands; null when the key is
+    /// there already. The place holds until the next member is added.
+    JsonValue* add(std::string_view key);
+
     /// Adds a member, or gives the one with this key another value, in its old place.
     JsonValue& set(std::string key, JsonValue value);
 
@@ -97,11 +102,15 @@ private:
 
     std::uint32_t indexOf(std::string_view key, std::uint64_t hash) const;
     JsonValue& append(std::string key, JsonValue value, std::uint64_t hash);
-    void rehash(std::size_t bucketCount);
+    void chain(std::uint32_t index, std::uint64_t hash);
+    void rehash(std::size_t buckets);
+    std::size_t bucketCount() const { return m_index.size() / 2; }
 
     std::vector<JsonMember> m_members;
-    std::vector<std::uint32_t> m_buckets; // the first member of each chain, or none
-    std::vector<std::uint32_t> m_next;    // the next member of the same chain, or none
+
+    // For each bucket the first member of its chain, or none; and behind them, for each member, the next one
+    // of its chain, or none. There is a place for as many members as there are buckets.
+    std::vector<std::uint32_t> m_index;
 };
 
 /// A JSON value of the state chart engine. Integers have 32 bits, a number keeps its kind, text is bytes
@@ -137,10 +146,10 @@ public:
     JsonValue(JsonArray value);
     JsonValue(JsonObject value);
     JsonValue(const JsonValue& other);
-    JsonValue(JsonValue&& other) noexcept;
+    inline JsonValue(JsonValue&& other) noexcept;
     JsonValue& operator=(const JsonValue& other);
     JsonValue& operator=(JsonValue&& other) noexcept;
-    ~JsonValue();
+    inline ~JsonValue();
 
     /// A value of none of the kinds; it is of use only to show what the writer says of it.
     static JsonValue withoutType();
@@ -198,6 +207,7 @@ private:
     const T& as() const;
 
     bool hasNestedValues() const;
+    void dropNestedValues() noexcept;
     void moveNestedValuesTo(std::vector<JsonValue>& values);
     void copyTree(const JsonValue& other);
 
@@ -211,5 +221,14 @@ struct JsonMember
 
     friend bool operator==(const JsonMember& left, const JsonMember& right);
 };
+
+// Here, where a member is complete: values are moved and destroyed too often for a call each.
+inline JsonValue::JsonValue(JsonValue&& other) noexcept = default;
+
+inline JsonValue::~JsonValue()
+{
+    if (isArray() || isObject())
+        dropNestedValues();
+}
 
 #endif

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <stdexcept>
 
 namespace {
@@ -71,8 +70,5 @@ double parseEngineeringNumber(std::string_view text)
         fail();
     if (end == last)
         return number;
-    const double scaled = number * factorOf(text.substr(static_cast<std::size_t>(end - text.data())));
-    if (!std::isfinite(scaled))
-        fail();
-    return scaled;
+    return number * factorOf(text.substr(static_cast<std::size_t>(end - text.data())));
 }

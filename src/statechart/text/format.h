@@ -41,6 +41,10 @@ private:
     Value m_value;
 };
 
+/// The largest width or precision. It stands far above honest use: a format text may come from an action, and
+/// ten bytes of it must not take the machine's memory.
+inline constexpr int formatMaximumWidth = 1'000'000;
+
 /// formatText() over a list of arguments that is known only at run time.
 std::string formatArguments(std::string_view format, std::initializer_list<FormatArgument> arguments);
 
@@ -50,7 +54,8 @@ std::string formatArguments(std::string_view format, std::initializer_list<Forma
 ///
 ///     formatText("'{}' is not used", "x")  ->  "'x' is not used"
 ///
-/// @throws FormatException for a text or an argument that std::format would refuse.
+/// @throws FormatException for a text or an argument that std::format would refuse, and for a width or a
+/// precision above formatMaximumWidth.
 template <class... Arguments>
 std::string formatText(std::string_view format, const Arguments&... arguments)
 {

@@ -108,19 +108,26 @@ private:
     int parseWidth()
     {
         if (takeIf('{'))
-            return m_readNestedField(m_position);
+            return withinLimit(m_readNestedField(m_position));
         if (here() == '0')
             throw FormatException("a width does not start with 0");
-        return isDigit(here()) ? parseFormatNumber(m_format, m_position) : 0;
+        return isDigit(here()) ? withinLimit(parseFormatNumber(m_format, m_position)) : 0;
     }
 
     int parsePrecision()
     {
         if (takeIf('{'))
-            return m_readNestedField(m_position);
+            return withinLimit(m_readNestedField(m_position));
         if (!isDigit(here()))
             throw FormatException("a precision is missing");
-        return parseFormatNumber(m_format, m_position);
+        return withinLimit(parseFormatNumber(m_format, m_position));
+    }
+
+    static int withinLimit(int number)
+    {
+        if (number > formatMaximumWidth)
+            throw FormatException("a width or precision is too large");
+        return number;
     }
 
     char parseType(const KindRules& rules)

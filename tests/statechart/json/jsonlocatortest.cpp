@@ -9,7 +9,7 @@ namespace {
 
 std::string located(std::string_view document, const JsonPath& path)
 {
-    const JsonRange range = locateJsonValue(document, path).value;
+    const JsonRange range = JsonLocator(document).locate(path).value;
     return std::string(document.substr(range.offset, range.length));
 }
 
@@ -48,28 +48,28 @@ TEST(JsonLocator, TakesTheFirstOfDuplicateKeys)
 
 TEST(JsonLocator, TellsWhereTheKeyOfAMemberStands)
 {
-    const JsonLocation location = locateJsonValue(document, {"key \"quoted\"", "x"});
+    const JsonLocation location = JsonLocator(document).locate({"key \"quoted\"", "x"});
     ASSERT_TRUE(location.key);
     EXPECT_EQ(document.substr(location.key->offset, location.key->length), "\"x\"");
-    EXPECT_FALSE(locateJsonValue(document, {}).key);
-    EXPECT_FALSE(locateJsonValue(document, {"a", 0u}).key);
+    EXPECT_FALSE(JsonLocator(document).locate({}).key);
+    EXPECT_FALSE(JsonLocator(document).locate({"a", 0u}).key);
 }
 
 TEST(JsonLocator, FallsBackToTheDeepestValueOnTheWay)
 {
     EXPECT_EQ(located(document, {"a", 2u, "c", "d"}), R"({"b": [true , null]})");
-    EXPECT_EQ(locateJsonValue(document, {"a", 2u, "c", "d"}).matched, 2u);
+    EXPECT_EQ(JsonLocator(document).locate({"a", 2u, "c", "d"}).matched, 2u);
     EXPECT_EQ(located(document, {"a", 3u}), R"([1, "two", {"b": [true , null]} ])");
     EXPECT_EQ(located(document, {"a", 0u, 0u}), "1");
     EXPECT_EQ(located(document, {"a", "b"}), R"([1, "two", {"b": [true , null]} ])");
     EXPECT_EQ(located(document, {"empty", 0u}), "{}");
     EXPECT_EQ(located(document, {"nothing"}), document.substr(1, document.size() - 2));
-    EXPECT_EQ(locateJsonValue(document, {"nothing"}).matched, 0u);
+    EXPECT_EQ(JsonLocator(document).locate({"nothing"}).matched, 0u);
 }
 
 TEST(JsonLocator, KeepsTheKeyOfTheValueThatItFellBackTo)
 {
-    const JsonLocation location = locateJsonValue(document, {"empty", "x"});
+    const JsonLocation location = JsonLocator(document).locate({"empty", "x"});
     ASSERT_TRUE(location.key);
     EXPECT_EQ(document.substr(location.key->offset, location.key->length), "\"empty\"");
 }
@@ -80,7 +80,34 @@ TEST(JsonLocator, TakesNoStackForDepth)
     std::string deep = "{\"a\":";
     deep.append(depth, '[').append(depth, ']').append(", \"b\": 1}");
     EXPECT_EQ(located(deep, {"b"}), "1");
-    EXPECT_EQ(locateJsonValue(deep, JsonPath{"a", 0u, 0u}).value.offset, 7u);
+    EXPECT_EQ(JsonLocator(deep).locate(JsonPath{"a", 0u, 0u}).value.offset, 7u);
+}
+
+TEST(JsonLocator, FindsEachOfManyMembersAndElements)
+{
+    constexpr int count = 20000;
+    std::string text = "{";
+    for (int index = 0; index < count; ++index)
+        text.append("\"")
+            .append(std::to_string(index))
+            .append("\": [0, ")
+            .append(std::to_string(index))
+            .append("],");
+    text.back() = '}';
+    const JsonLocator locator(text);
+    for (int index = 0; index < count; ++index) {
+        const JsonRange range = locator.locate({std::to_string(index), 1u}).value;
+        ASSERT_EQ(text.substr(range.offset, range.length), std::to_string(index));
+    }
+}
+
+TEST(JsonLocator, EndsOnATextThatNoReaderTakes)
+{
+    for (const char* text : {"[:]", "[::", "{:}", "{1}", "{\"a\"}", "{\"a\"", "{\"a\":}", "[}", "{]", "]",
+                             ",", ":", "[\"", "{\"", "{\"a\":\"", "[1:2]", "{\"a\\"}) {
+        const JsonLocation location = JsonLocator(text).locate({"a", 0u});
+        EXPECT_LE(location.value.end(), std::string_view(text).size()) << text;
+    }
 }
 
 TEST(JsonLocator, StaysWithinATextThatIsCutOffAnywhere)
@@ -89,7 +116,7 @@ TEST(JsonLocator, StaysWithinATextThatIsCutOffAnywhere)
         const std::string_view cut = document.substr(0, length);
         for (const JsonPath& path : {JsonPath{}, JsonPath{"a", 2u, "b", 1u}, JsonPath{"key \"quoted\"", "x"},
                                      JsonPath{"list", 0u}}) {
-            const JsonRange range = locateJsonValue(cut, path).value;
+            const JsonRange range = JsonLocator(cut).locate(path).value;
             ASSERT_LE(range.offset, cut.size());
             ASSERT_LE(range.end(), cut.size());
         }
@@ -99,19 +126,19 @@ TEST(JsonLocator, StaysWithinATextThatIsCutOffAnywhere)
 TEST(JsonLocator, TranslatesBytesOfADecodedString)
 {
     const std::string_view text = R"(["a\n\"b\\c"])";
-    const JsonRange string = locateJsonValue(text, {0u}).value;
+    const JsonRange string = JsonLocator(text).locate({0u}).value;
     const std::size_t expected[] = {2, 3, 5, 7, 8, 10};
     for (std::size_t index = 0; index < std::size(expected); ++index)
-        EXPECT_EQ(offsetOfStringByte(text, string, index), expected[index]) << index;
+        EXPECT_EQ(JsonStringOffsets(text, string).offsetOf(index), expected[index]) << index;
 }
 
 TEST(JsonLocator, PutsBytesPastAStringOnItsClosingQuote)
 {
     const std::string_view text = R"(["ab", "", 12])";
-    EXPECT_EQ(offsetOfStringByte(text, locateJsonValue(text, {0u}).value, 2), 4u);
-    EXPECT_EQ(offsetOfStringByte(text, locateJsonValue(text, {0u}).value, 99), 4u);
-    EXPECT_EQ(offsetOfStringByte(text, locateJsonValue(text, {1u}).value, 0), 8u);
-    EXPECT_EQ(offsetOfStringByte(text, locateJsonValue(text, {2u}).value, 1), 11u);
+    EXPECT_EQ(JsonStringOffsets(text, JsonLocator(text).locate({0u}).value).offsetOf(2), 4u);
+    EXPECT_EQ(JsonStringOffsets(text, JsonLocator(text).locate({0u}).value).offsetOf(99), 4u);
+    EXPECT_EQ(JsonStringOffsets(text, JsonLocator(text).locate({1u}).value).offsetOf(0), 8u);
+    EXPECT_EQ(JsonStringOffsets(text, JsonLocator(text).locate({2u}).value).offsetOf(1), 11u);
 }
 
 TEST(JsonLocator, AgreesWithTheReaderOnEveryValue)

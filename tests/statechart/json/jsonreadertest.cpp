@@ -1,8 +1,10 @@
 #include "statechart/json/jsonreader.h"
 #include "statechart/json/jsonwriter.h"
 
+#include <algorithm>
 #include <ostream>
 #include <sstream>
+#include <streambuf>
 #include <vector>
 
 namespace {
@@ -175,6 +177,8 @@ TEST(JsonReader, CopiesRawBytesOfStrings)
 TEST(JsonReader, KeepsTheFirstOfDuplicateKeys)
 {
     EXPECT_EQ(toString(read(R"({"a": 1, "b": 2, "a": 3})")), R"({"a": 1, "b": 2})");
+    EXPECT_EQ(toString(read(R"({"a": [1], "a": {"a": [2], "a": [{"a": 3, "a": {}}], "b": 4}, "c": [5]})")),
+              R"({"a": [1], "c": [5]})");
 }
 
 TEST(JsonReader, KeepsMembersInTheirOrder)
@@ -204,6 +208,123 @@ TEST(JsonReader, CountsPositionsFromTheStartOfTheStream)
     } catch (const JsonReadException& failure) {
         EXPECT_EQ(failure.position(), 6u);
     }
+}
+
+/// Hands out its text in pieces of this many bytes.
+class PieceBuffer : public std::streambuf
+{
+public:
+    PieceBuffer(std::string text, std::size_t piece) : m_text(std::move(text)), m_piece(piece) {}
+
+protected:
+    int_type underflow() override
+    {
+        char* const start = m_text.data() + m_given;
+        m_given = std::min(m_given + m_piece, m_text.size());
+        setg(start, start, m_text.data() + m_given);
+        return gptr() == egptr() ? traits_type::eof() : traits_type::to_int_type(*gptr());
+    }
+
+private:
+    std::string m_text;
+    std::size_t m_piece;
+    std::size_t m_given = 0;
+};
+
+/// Has no bytes ready ever, as standard input has none when it shares its place with C.
+class UnreadyBuffer : public std::streambuf
+{
+public:
+    explicit UnreadyBuffer(std::string text) : m_text(std::move(text)) {}
+
+protected:
+    int_type underflow() override
+    {
+        return m_given == m_text.size() ? traits_type::eof() : traits_type::to_int_type(m_text[m_given]);
+    }
+
+    int_type uflow() override
+    {
+        const int_type next = underflow();
+        m_given += m_given < m_text.size() ? 1 : 0;
+        return next;
+    }
+
+private:
+    std::string m_text;
+    std::size_t m_given = 0;
+};
+
+TEST(JsonReader, ReadsTheSameHoweverAStreamHandsOutItsBytes)
+{
+    const std::string text = R"({"key": ["a\"b\\\\c", "", 12, -1.5e3, true, null], "long \n key": {}})";
+    const JsonValue expected = read(text);
+    for (std::size_t piece = 1; piece <= text.size(); ++piece) {
+        PieceBuffer buffer(text, piece);
+        std::istream stream(&buffer);
+        ASSERT_EQ(readDocument(stream).value(), expected) << piece;
+    }
+    UnreadyBuffer buffer(text);
+    std::istream stream(&buffer);
+    EXPECT_EQ(readDocument(stream).value(), expected);
+}
+
+TEST(JsonReader, CountsPositionsHoweverAStreamHandsOutItsBytes)
+{
+    const std::string text = R"(["abc\"def", "ghi)";
+    for (std::size_t piece = 1; piece <= text.size(); ++piece) {
+        PieceBuffer buffer(text, piece);
+        std::istream stream(&buffer);
+        try {
+            readDocument(stream);
+            FAIL() << "it was read";
+        } catch (const JsonReadException& failure) {
+            ASSERT_EQ(failure.position(), text.size()) << piece;
+        }
+    }
+}
+
+/// What a piece of the reader says of a text that does not start as it must.
+template <class Piece>
+std::string reasonOf(const std::string& text, Piece piece)
+{
+    std::istringstream stream(text);
+    JsonReader reader(stream);
+    try {
+        piece(reader);
+        return {};
+    } catch (const JsonReadException& failure) {
+        EXPECT_EQ(failure.position(), 0u);
+        return failure.reason();
+    }
+}
+
+TEST(JsonReader, NamesWhatAValueOfOneKindStartsWith)
+{
+    for (const char* text : {"", "x", " "}) {
+        EXPECT_EQ(reasonOf(text, [](JsonReader& reader) { reader.readObject(); }), "expected {");
+        EXPECT_EQ(reasonOf(text, [](JsonReader& reader) { reader.readArray(); }), "expected [");
+        EXPECT_EQ(reasonOf(text, [](JsonReader& reader) { reader.readBoolean(); }),
+                  "expected 'true' or 'false'");
+        EXPECT_EQ(reasonOf(text, [](JsonReader& reader) { reader.readString(); }),
+                  "expected string opening \"");
+        EXPECT_EQ(reasonOf(text, [](JsonReader& reader) { reader.readStringEnd(); }),
+                  "expected closing string \"");
+    }
+    EXPECT_EQ(reasonOf("[]", [](JsonReader& reader) { reader.readObject(); }), "expected {");
+    EXPECT_EQ(reasonOf("{}", [](JsonReader& reader) { reader.readArray(); }), "expected [");
+}
+
+TEST(JsonReader, ReadsValuesOfOneKind)
+{
+    std::istringstream stream(R"({"a": [1]}[{}]truefalse"text"")");
+    JsonReader reader(stream);
+    EXPECT_EQ(reader.readObject(), (JsonObject{{"a", JsonArray{1}}}));
+    EXPECT_EQ(reader.readArray(), JsonArray{JsonObject()});
+    EXPECT_TRUE(reader.readBoolean());
+    EXPECT_FALSE(reader.readBoolean());
+    EXPECT_EQ(reader.readString(), "text");
+    EXPECT_NO_THROW(reader.readStringEnd());
 }
 
 TEST(JsonReader, ReadsNothingFromAStreamWithoutABuffer)

@@ -176,6 +176,31 @@ TEST(JsonObject, KeepsTheFirstOfEqualKeys)
     EXPECT_EQ((JsonObject{{"a", 1}, {"a", 2}}).at("a").asInt(), 1);
 }
 
+TEST(JsonObject, AddsMembersToBeFilledInUnlessTheyAreThere)
+{
+    JsonObject object{{"a", 1}};
+    EXPECT_EQ(object.add("a"), nullptr);
+    JsonValue* const place = object.add("b");
+    ASSERT_NE(place, nullptr);
+    EXPECT_TRUE(object.at("b").isNull());
+    *place = 2;
+    EXPECT_EQ(object, (JsonObject{{"a", 1}, {"b", 2}}));
+}
+
+TEST(JsonObject, FindsItsMembersAfterItMadeRoom)
+{
+    for (std::size_t members = 0; members < 20; ++members) {
+        JsonObject object;
+        for (std::size_t index = 0; index < members; ++index)
+            object.insert(std::string(index + 1, 'k'), 1);
+        object.reserve(members + 40);
+        object.insert("more", 1);
+        for (std::size_t index = 0; index < members; ++index)
+            ASSERT_TRUE(object.contains(std::string(index + 1, 'k'))) << members;
+        EXPECT_TRUE(object.contains("more"));
+    }
+}
+
 TEST(JsonObject, SetsAMemberInItsOldPlace)
 {
     JsonObject object{{"a", 1}, {"b", 2}};
@@ -203,10 +228,11 @@ TEST(JsonObject, FindsEveryMemberOfMany)
 
 TEST(JsonObject, IsEmptyAndUsableAfterItWasMoved)
 {
-    JsonObject object{{"a", 1}};
+    JsonObject object{{"a", 1}, {"b", 2}};
     const JsonObject taken = std::move(object);
-    EXPECT_EQ(taken.size(), 1u);
-    object = JsonObject();
+    EXPECT_EQ(taken.size(), 2u);
+    EXPECT_TRUE(object.empty()); // NOLINT(bugprone-use-after-move): that is what is looked at
+    EXPECT_EQ(object.begin(), object.end());
     EXPECT_FALSE(object.contains("a"));
     EXPECT_TRUE(object.insert("a", 2));
     EXPECT_EQ(object.at("a").asInt(), 2);

@@ -1,5 +1,6 @@
 #include "statechart/text/engineeringnumber.h"
 
+#include <limits>
 #include <optional>
 #include <ostream>
 #include <stdexcept>
@@ -56,11 +57,18 @@ const std::vector<NumberCase> scaled{
 };
 INSTANTIATE_TEST_SUITE_P(WithScale, EngineeringNumber, testing::ValuesIn(scaled));
 
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+const std::vector<NumberCase> outOfRange{
+    {"1e300t", infinity}, {"-1e300T", -infinity}, {"1e303meg", infinity}, {"1e-307a", 0.0}, {"1e308", 1e308},
+};
+INSTANTIATE_TEST_SUITE_P(ScaledOutOfTheRangeOfADouble, EngineeringNumber, testing::ValuesIn(outOfRange));
+
 const std::vector<NumberCase> wrong{
     {"", refused},      {" 1", refused},     {"+1", refused},     {"-", refused},    {".", refused},
     {"k", refused},     {"3x", refused},     {"1 k", refused},    {"1e", refused},   {"0x10", refused},
     {"inf", refused},   {"-inf", refused},   {"nan", refused},    {"-nan", refused}, {"infinity", refused},
-    {"1e400", refused}, {"1e-400", refused}, {"1e300t", refused}, {"1,5", refused},  {"--1", refused},
+    {"1e400", refused}, {"1e-400", refused}, {"1e400t", refused}, {"1,5", refused},  {"--1", refused},
 };
 INSTANTIATE_TEST_SUITE_P(Wrong, EngineeringNumber, testing::ValuesIn(wrong));
 

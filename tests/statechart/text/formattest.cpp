@@ -1,6 +1,7 @@
 #include "statechart/text/format.h"
 
-#include <clocale>
+#include "support/commalocale.h"
+
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -266,6 +267,21 @@ TEST(FormatText, RefusesAWidthThatIsNoIntegerOrOutOfRange)
     EXPECT_THROW(formatText("{:{:}}", 1, 2), FormatException);
 }
 
+TEST(FormatText, TakesAWidthOrPrecisionUpToAMillion)
+{
+    EXPECT_EQ(formatText("{:1000000}", 1).size(), 1000000u);
+    EXPECT_EQ(formatText("{:{}}", "a", 1000000).size(), 1000000u);
+    EXPECT_EQ(formatText("{:.1000000f}", 1.0).size(), 1000002u);
+    EXPECT_EQ(formatText("{:.1000000}", "abc"), "abc");
+    for (const char* format : {"{:1000001}", "{:01000001d}", "{:2147483647}"})
+        EXPECT_THROW(formatText(format, 1), FormatException) << format;
+    for (const char* format : {"{:1000001}", "{:.1000001}", "{:.1000001f}", "{:.2147483647e}"})
+        EXPECT_THROW(formatText(format, 1.0), FormatException) << format;
+    EXPECT_THROW(formatText("{:.1000001}", "abc"), FormatException);
+    EXPECT_THROW(formatText("{:{}}", 1, 1000001), FormatException);
+    EXPECT_THROW(formatText("{:.{}f}", 1.0, 1000001), FormatException);
+}
+
 TEST(FormatText, RefusesAFieldWithoutArguments)
 {
     EXPECT_THROW(formatText("{}"), FormatException);
@@ -281,11 +297,8 @@ TEST(FormatText, KeepsBytesThatAreNoText)
 
 TEST(FormatText, DoesNotListenToTheLocale)
 {
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "C.UTF-8"})
-        std::setlocale(LC_ALL, name);
-    EXPECT_EQ(formatText("{} {:L}", 1.5, 1.5), "1.5 1.5");
-    std::setlocale(LC_ALL, before.c_str());
+    const CommaLocale locale;
+    EXPECT_EQ(formatText("{} {:L} {:.1f} {:L}", 1.5, 1.5, 1.5, 1234567), "1.5 1.5 1.5 1234567");
 }
 
 } // namespace
