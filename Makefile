@@ -36,9 +36,7 @@ fuzz: dependencies ## Run each fuzz target for SECONDS (60 unless told)
 	@scripts/fuzz build/fuzz/bin $(or $(SECONDS),60)
 
 bench: build ## Time the hot paths, each beside a peer or a limit
-	@build/release/bin/halvorin-benchmarks --benchmark_repetitions=5 --benchmark_report_aggregates_only=true \
-		--benchmark_display_aggregates_only=true --benchmark_enable_random_interleaving=true 2>/dev/null | \
-		grep -E '^(Benchmark|-)|_median'
+	@scripts/bench build/release/bin/halvorin-benchmarks
 
 coverage: dependencies ## Run the tests with line counters and print a summary of what they reach
 	@cmake --preset coverage
@@ -46,7 +44,7 @@ coverage: dependencies ## Run the tests with line counters and print a summary o
 	@ctest --preset coverage --parallel $(JOBS)
 	@scripts/coverage-summary build/coverage
 
-format: ## Put the code into the project's format
+format: dependencies ## Put the code into the project's format
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
 lint: build ## Check the format, the includes and clang-tidy's findings

@@ -47,9 +47,11 @@ void GlobalOptions::apply() const
             throw UsageError("--log: '" + m_logLevel + "' is not one of diagnostic, info, warning, error");
         Application::instance().logger().setLevel(level->second);
     }
-    if (!m_optionsFile.empty()) {
+    if (m_optionsFile) {
+        if (m_optionsFile->empty())
+            throw UsageError("--options-file: the name is empty");
         try {
-            OptionStore::instance().useFile(m_optionsFile);
+            OptionStore::instance().useFile(*m_optionsFile);
         } catch (const std::exception& error) {
             throw UsageError(std::string("--options-file: ") + error.what());
         }

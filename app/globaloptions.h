@@ -1,6 +1,7 @@
 #ifndef GLOBALOPTIONS_H
 #define GLOBALOPTIONS_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,7 @@ public:
 
 private:
     std::vector<std::string> m_options; // KEY=VALUE
-    std::string m_optionsFile;
+    std::optional<std::string> m_optionsFile;
     std::string m_logLevel;
 };
 

@@ -7,6 +7,9 @@
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
 #include <QTextCodec>
+#include <algorithm>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -14,7 +17,7 @@ constexpr auto exitCodes =
     "Exit codes: 0 done, 1 the input has errors or a file cannot be read or written, 2 wrong usage.";
 
 /// Parses the command line and does what it asks for.
-int run(int argc, char** argv)
+int run(const std::vector<std::string>& commandLine)
 {
     CLI::App application("halvorin: digital devices as state charts, on the command line", "halvorin");
     application.set_version_flag("--version", "halvorin " HALVORIN_VERSION);
@@ -35,7 +38,7 @@ int run(int argc, char** argv)
     for (CLI::App* command : application.get_subcommands({}))
         command->footer(command->get_footer() + "\n" + exitCodes);
 
-    words = splitCommandWords(application, {argv + 1, argv + argc});
+    words = splitCommandWords(application, commandLine);
     try {
         application.parse(std::vector<std::string>(words.parsed.rbegin(),
                                                    words.parsed.rend())); // it takes them from the end
@@ -66,9 +69,11 @@ int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     StandardStreams::prepare();
+    // Qt takes the words that it knows out of the command line; to us they are arguments like any other.
+    const std::vector<std::string> commandLine(argv + std::min(argc, 1), argv + argc);
     // Narrow text is UTF-8 whatever the locale says.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("halvorin"));
-    return StandardStreams::finish(run(argc, argv));
+    return StandardStreams::finish(run(commandLine));
 }

@@ -45,6 +45,11 @@ int unbundle(const Arguments& arguments)
             files.push_back({folder / "deviceDefinition.json", *content.definition});
         if (content.compiled)
             files.push_back({folder / "compiledDevice.json", *content.compiled});
+        for (const Halvorin::System::WholeFile& file : files) {
+            std::error_code ignored;
+            if (std::filesystem::equivalent(input.path(), file.path, ignored))
+                throw std::runtime_error("'" + arguments.bundle + "' would be replaced by what it holds");
+        }
         Halvorin::System::writeWholeFiles(files).value();
     } catch (const std::exception& error) {
         StandardStreams::printErrorLine(error.what());

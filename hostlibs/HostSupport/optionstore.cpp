@@ -32,6 +32,23 @@ QString fileName(const FilePath& path)
     return name;
 }
 
+/// Whether every line is a section, an option or a comment. The reader behind takes any bytes, reads what it
+/// can, and would write the file back without the rest.
+bool readsAsOptions(const QString& name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        return !file.exists();
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine().trimmed();
+        const bool isComment = line.isEmpty() || line.startsWith(';') || line.startsWith('#');
+        const bool isSection = line.startsWith('[') && line.endsWith(']');
+        if (line.contains('\0') || (!isComment && !isSection && !line.contains('=')))
+            return false;
+    }
+    return true;
+}
+
 std::unique_ptr<QSettings> opened(const FilePath& path)
 {
     const QString name = fileName(path);
@@ -40,7 +57,7 @@ std::unique_ptr<QSettings> opened(const FilePath& path)
         throw Exception("cannot read the options file '" + path.toString().toLegacyUtf8() + "'");
     auto settings = std::make_unique<QSettings>(name, QSettings::IniFormat);
     settings->setIniCodec("UTF-8");
-    if (settings->status() != QSettings::NoError)
+    if (settings->status() != QSettings::NoError || !readsAsOptions(name))
         throw Exception("the file '" + path.toString().toLegacyUtf8() + "' holds no options");
     return settings;
 }

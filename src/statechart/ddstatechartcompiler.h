@@ -6,8 +6,9 @@
 /// Adds to a compiled chart what makes it a digital device: "inputBuses", "inputPins", "outputBuses",
 /// "outputPins", "variables", "parameters", and the wake time of transitions.
 ///
-/// @throws what StateChartCompiler raises, and std::runtime_error with no path for what is wrong with the
-/// device's own sections or with a wake time.
+/// @throws what StateChartCompiler raises, and with no path: std::runtime_error for what is wrong with the
+/// device's own sections, and whatever the action language raises for a wake time (CompilationException,
+/// CompileFindingsException, TokeniserAllocationFailure, LiteralConversionException).
 class DDStateChartCompiler : public StateChartCompiler
 {
 public:

@@ -9,8 +9,8 @@
 #include <vector>
 
 /// Compiles the definition of a digital device in memory and tells everything that is to be said of it, in
-/// the order of its text: the error that ends the compile (several when a text has characters that are no
-/// tokens), and the language's warnings of every action text up to there. Never raises what is the
+/// the order of its text: the error that ends the compile (several when the tokeniser records several in that
+/// text), and the language's warnings of every action text up to there. Never raises what is the
 /// definition's fault.
 ///
 ///     for (const Finding& finding : checkDefinition(text))

@@ -115,7 +115,8 @@ TEST_F(CommandLine, TakesEverythingBehindTheNameAsArguments)
     EXPECT_EQ(run({"call", compileFunction, "[a,b]", ""}).output,
               "Error\nunable to open input file '[a,b]'\n");
     EXPECT_EQ(run({"call", compileFunction, "", "out"}).output, "Error\nunable to open input file ''\n");
-    for (const std::string argument : {"-h", "--help", "--", "++", "--version", "--option", "-x"})
+    for (const std::string argument :
+         {"-h", "--help", "--", "++", "--version", "--option", "-x", "-qmljsdebugger=x"})
         EXPECT_EQ(run({"call", compileFunction, argument, "out"}).output,
                   "Error\nunable to open input file '" + argument + "'\n");
     EXPECT_EQ(run({"call", compileFunction, "in", "--"}).output, "Error\nunable to open input file 'in'\n");

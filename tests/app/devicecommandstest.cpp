@@ -177,6 +177,17 @@ TEST_F(DeviceCommands, DoNotUnbundleWhatIsNoBundle)
     EXPECT_EQ(run({"unbundle", "missing.zip", "out"}).exitCode, 1);
 }
 
+TEST_F(DeviceCommands, DoNotUnbundleOverTheBundle)
+{
+    ASSERT_EQ(run({"bundle", "d.json", "deviceDefinition.json"}).exitCode, 0);
+    const std::string bundle = folder.read("deviceDefinition.json");
+    const ProcessResult result = run({"unbundle", "deviceDefinition.json", "."});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.error, "'deviceDefinition.json' would be replaced by what it holds\n");
+    EXPECT_EQ(folder.read("deviceDefinition.json"), bundle);
+    EXPECT_FALSE(std::filesystem::exists(folder / "compiledDevice.json"));
+}
+
 TEST_F(DeviceCommands, DoNotUnbundleIntoAFile)
 {
     run({"bundle", "d.json", "d.hvdsc.zip"});

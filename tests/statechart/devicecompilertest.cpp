@@ -329,6 +329,17 @@ TEST(WakeTime, NeedsAString)
     EXPECT_EQ(failureOf([] { compiledTransition(R"("event": "wake", "wakeTimeCalc": 1)"); }), "invalid cast");
 }
 
+TEST(WakeTime, WithAByteOfNoTokenFailsWithAnAllocationFailureAndNoPath)
+{
+    try {
+        compiledTransition(R"("event": "wake", "wakeTimeCalc": "1 + $")");
+        FAIL() << "it compiled";
+    } catch (const TokeniserAllocationFailure& failure) {
+        EXPECT_STREQ(failure.what(), "bad allocation");
+        EXPECT_EQ(failure.position(), 4u);
+    }
+}
+
 TEST(WakeTime, FailsWithTheValueAccessorsErrorAndNoPath)
 {
     try {

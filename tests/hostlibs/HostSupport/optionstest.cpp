@@ -116,6 +116,14 @@ TEST_F(Options, CannotBeAFolderOrAnythingElse)
     folder.write("bad.ini", "[section without an end\na=b\n");
     EXPECT_THROW(store.useFile(folder / "bad.ini"), Halvorin::System::Exception);
     EXPECT_THROW(store.useFile("/dev/null"), Halvorin::System::Exception);
+    folder.write("text.ini", "hello world\n");
+    EXPECT_THROW(store.useFile(folder / "text.ini"), Halvorin::System::Exception);
+    folder.write("document.ini", "{\"a\": 1}\n");
+    EXPECT_THROW(store.useFile(folder / "document.ini"), Halvorin::System::Exception);
+    folder.write("program.ini", std::string_view("\x7f"
+                                                 "ELF\0=\n",
+                                                 7));
+    EXPECT_THROW(store.useFile(folder / "program.ini"), Halvorin::System::Exception);
 }
 
 TEST_F(Options, StandInTheUsersConfigurationFolder)

@@ -1,44 +1,19 @@
-// What values cost. Operator new is replaced for this program, so that allocations can be counted.
+// What values cost.
 
+#include "allocationcounter.h"
 #include "statechart/json/jsonreader.h"
 
-#include <cstdlib>
-#include <new>
 #include <sstream>
 #include <utility>
-
-namespace {
-
-std::size_t allocations = 0;
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    ++allocations;
-    if (void* const memory = std::malloc(size > 0 ? size : 1))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 
 template <class Action>
 std::size_t allocationsOf(Action action)
 {
-    const std::size_t before = allocations;
+    const std::size_t before = allocationCount();
     action();
-    return allocations - before;
+    return allocationCount() - before;
 }
 
 TEST(JsonMemory, IsNotTakenByEmptyContainers)
