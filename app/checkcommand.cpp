@@ -2,9 +2,10 @@
 #include "HalvCore/wholefile.h"
 #include "exitcode.h"
 #include "findingtext.h"
+#include "sariflog.h"
 #include "spool.h"
 #include "standardstreams.h"
-#include "statechart/definitioncheck.h"
+#include "statechart/check/definitioncheck.h"
 #include "statechart/package/definitionsizelimit.h"
 #include "subcommands.h"
 
@@ -16,40 +17,127 @@ using Halvorin::System::FilePath;
 
 namespace {
 
+enum class Format
+{
+    text,
+    json,
+    sarif,
+};
+
 struct Arguments
 {
     std::vector<std::string> definitions;
+    std::vector<std::string> disabled;
+    std::vector<std::string> errors;
     bool asJson = false;
+    bool asSarif = false;
+
+    Format format() const
+    {
+        if (asSarif)
+            return Format::sarif;
+        return asJson ? Format::json : Format::text;
+    }
 };
 
-/// Whether the definition has no errors.
-bool check(const std::string& argument, bool asJson)
+/// @throws UsageError for what is no kind of warning.
+FindingKind warningOf(const std::string& name)
 {
-    const InputPath input(argument, definitionSizeLimit);
-    const FilePath path(input.path());
-    const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionSizeLimit).value();
-    const std::vector<Finding> findings = checkDefinition(text.toStdStringView());
-    for (const Finding& finding : findings)
-        StandardStreams::print(asJson ? findingAsJson(input.shownName(), finding)
-                                      : findingAsText(input.shownName(), finding));
-    return std::ranges::none_of(
-        findings, [](const Finding& finding) { return finding.severity == Finding::Severity::error; });
+    const std::optional<FindingKind> kind = findingKindOf(name);
+    if (!kind)
+        throw UsageError("no such kind of finding: " + name + " (see halvorin check --help)");
+    if (infoOf(*kind).severity == FindingSeverity::error)
+        throw UsageError("not a kind of warning: " + name);
+    return *kind;
 }
+
+FindingRules rulesOf(const Arguments& arguments)
+{
+    FindingRules rules;
+    for (const std::string& name : arguments.disabled)
+        rules.disable(warningOf(name));
+    for (const std::string& name : arguments.errors)
+        rules.makeError(warningOf(name));
+    return rules;
+}
+
+/// Checks definitions one by one and shows what there is to say; a SARIF log as a whole at the end.
+class Checker
+{
+public:
+    Checker(Format format, const FindingRules& rules) : m_format(format), m_rules(rules) {}
+
+    /// Whether the definition has no errors.
+    bool check(const std::string& argument)
+    {
+        const InputPath input(argument, definitionSizeLimit);
+        const FilePath path(input.path());
+        const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionSizeLimit).value();
+        const std::vector<Finding> findings = checkDefinition(text.toStdStringView(), m_rules);
+        for (const Finding& finding : findings)
+            show(input.shownName(), finding);
+        return std::ranges::none_of(
+            findings, [](const Finding& finding) { return finding.severity == FindingSeverity::error; });
+    }
+
+    void finish() const
+    {
+        if (m_format == Format::sarif)
+            StandardStreams::print(m_log.text());
+    }
+
+private:
+    void show(const std::string& file, const Finding& finding)
+    {
+        switch (m_format) {
+        case Format::text:
+            StandardStreams::print(findingAsText(file, finding));
+            break;
+        case Format::json:
+            StandardStreams::print(findingAsJson(file, finding));
+            break;
+        case Format::sarif:
+            m_log.add(file, finding);
+            break;
+        }
+    }
+
+    Format m_format;
+    FindingRules m_rules;
+    SarifLog m_log;
+};
 
 /// Every definition is checked, whatever the others are like.
 int checkAll(const Arguments& arguments)
 {
+    Checker checker(arguments.format(), rulesOf(arguments));
     int exitCode = exitDone;
     for (const std::string& definition : arguments.definitions) {
         try {
-            if (!check(definition, arguments.asJson))
+            if (!checker.check(definition))
                 exitCode = exitInputHasErrors;
         } catch (const std::exception& error) {
             StandardStreams::reportError(error.what());
             exitCode = exitInputHasErrors;
         }
     }
+    checker.finish();
     return exitCode;
+}
+
+std::string helpOnKinds()
+{
+    std::string help = "A finding reads \"FILE:LINE:COLUMN: error: TEXT at PATH\", with the line and a caret "
+                       "below it.\nLines and columns count from 1, columns in bytes. Warnings alone are no "
+                       "failure.\n\nKinds of warnings, for --disable and --error:\n";
+    for (const FindingKindInfo& info : findingKinds()) {
+        if (info.severity != FindingSeverity::warning)
+            continue;
+        std::string line = "  " + std::string(info.name);
+        line.resize(std::max<std::size_t>(line.size() + 1, 24), ' ');
+        help += line.append(info.summary) + "\n";
+    }
+    return help;
 }
 
 } // namespace
@@ -61,9 +149,15 @@ void addCheckCommand(CLI::App& application, Action& action)
     const auto arguments = std::make_shared<Arguments>();
     command->add_option("DEFINITION", arguments->definitions, "The definitions, - for standard input")
         ->required();
-    command->add_flag("--json", arguments->asJson, "Print one JSON object a line");
-    command->footer(
-        "A finding reads \"FILE:LINE:COLUMN: error: TEXT at PATH\", with the line and a caret below "
-        "it.\nLines and columns count from 1, columns in bytes.");
+    CLI::Option* const json = command->add_flag("--json", arguments->asJson, "Print one JSON object a line");
+    command->add_flag("--sarif", arguments->asSarif, "Print one SARIF 2.1.0 log of all definitions")
+        ->excludes(json);
+    command->add_option("--disable", arguments->disabled, "Do not report this kind of warning")
+        ->type_name("NAME")
+        ->allow_extra_args(false);
+    command->add_option("--error", arguments->errors, "Take this kind of warning for an error")
+        ->type_name("NAME")
+        ->allow_extra_args(false);
+    command->footer(helpOnKinds());
     command->callback([arguments, &action] { action = [arguments] { return checkAll(*arguments); }; });
 }

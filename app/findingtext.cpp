@@ -2,7 +2,7 @@
 
 #include "HalvCore/numbertext.h"
 #include "jsonline.h"
-#include "statechart/finding.h"
+#include "statechart/check/finding.h"
 #include "terminaltext.h"
 
 #include <QJsonObject>
@@ -88,6 +88,7 @@ std::string findingAsJson(const std::string& file, const Finding& finding)
     object.insert(QStringLiteral("severity"), QString::fromUtf8(severityName(finding)));
     object.insert(QStringLiteral("code"),
                   finding.code ? QJsonValue(static_cast<qint64>(*finding.code)) : QJsonValue());
+    object.insert(QStringLiteral("name"), QString::fromStdString(std::string(infoOf(finding.kind).name)));
     object.insert(QStringLiteral("text"), QString::fromStdString(finding.text));
     object.insert(QStringLiteral("path"), QString::fromStdString(finding.path));
     return jsonLine(object) + "\n";

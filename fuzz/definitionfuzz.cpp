@@ -1,4 +1,4 @@
-#include "statechart/definitioncheck.h"
+#include "statechart/check/definitioncheck.h"
 
 #include <cstdint>
 #include <cstdlib>

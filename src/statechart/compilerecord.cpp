@@ -12,9 +12,9 @@ CompileRecord::Step::Step(CompileRecord& record, JsonPathSegment segment)
 
 CompileRecord::Step::~Step()
 {
-    if (std::uncaught_exceptions() > m_exceptions && !m_record.m_failure) {
+    if (std::uncaught_exceptions() > m_exceptions && !m_record.m_failedPlace) {
         try {
-            m_record.m_failure = m_record.m_place;
+            m_record.m_failedPlace = m_record.m_place;
         } catch (const std::bad_alloc&) {
             // The next step outwards tries again.
         }
@@ -34,12 +34,20 @@ CompileRecord::TextStep::TextStep(CompileRecord& record, std::string_view text, 
 
 CompileRecord::TextStep::~TextStep()
 {
-    if (std::uncaught_exceptions() > m_exceptions && !m_record.m_failure)
+    if (std::uncaught_exceptions() > m_exceptions && !m_record.m_failedPlace)
         m_record.m_failedText = std::move(m_text);
 }
 
-void CompileRecord::TextStep::keepWarnings(const std::vector<Diagnostic>& warnings)
+void CompileRecord::TextStep::keepCompiled(const JsonValue& form, const std::vector<Diagnostic>& warnings)
 {
-    if (!warnings.empty())
-        m_record.m_warnings.push_back({m_text, warnings});
+    if (m_record.m_onFailure == OnFailure::goOn)
+        m_record.m_texts.push_back({m_text, warnings, form});
+    else if (!warnings.empty())
+        m_record.m_texts.push_back({m_text, warnings, JsonValue()});
+}
+
+void CompileRecord::keepFailure(std::exception_ptr exception)
+{
+    m_failures.push_back({std::exchange(m_failedPlace, std::nullopt).value_or(m_place),
+                          std::exchange(m_failedText, std::nullopt), std::move(exception)});
 }

@@ -3,8 +3,10 @@
 
 #include "actionlanguage/tokens/diagnostic.h"
 #include "statechart/json/jsonlocator.h"
+#include "statechart/json/jsonvalue.h"
 
 #include <cstddef>
+#include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,21 +21,64 @@ struct ActionText
     std::size_t length = 0;  ///< bytes of the definition's own text
 };
 
-/// What a compile of a definition leaves behind for tools that show it: the warnings of its action texts,
-/// and the place where it failed. The texts of exceptions name a place for readers only, and not each does.
+/// What a compiler does when a part of a definition is wrong.
+enum class OnFailure
+{
+    raise, ///< ends the compile with an exception: there is no partial result
+    goOn,  ///< keeps the failure and goes on with the next part: for tools that show all of them
+};
+
+/// What a compile of a definition leaves behind for tools that show it: its failures, and its action texts
+/// with their warnings, each with its place. The texts of exceptions name a place for readers only, and not
+/// each does.
 ///
 /// A compiler says where it goes by steps; while an exception leaves, the innermost step remembers the place.
+/// What can fail apart from the rest is an attempt.
 ///
-///     const CompileRecord::Step step = record.enter("start");
-///     definition.at("start").asString();   // whatever it raises, failure() is {"start"}
+///     record.attempt([&] {
+///         const CompileRecord::Step step = record.enter("start");
+///         definition.at("start").asString();   // whatever it raises, its place is {"start"}
+///     });
 class CompileRecord
 {
 public:
-    struct TextWarnings
+    struct Failure
+    {
+        JsonPath place; ///< the innermost that the compile had gone to, maybe that of a missing member
+        std::optional<ActionText> text; ///< when it was the compile of a text that failed
+        std::exception_ptr exception;
+    };
+
+    /// A text that compiled.
+    struct CompiledText
     {
         ActionText text;
         std::vector<Diagnostic> warnings;
+        JsonValue form; ///< with OnFailure::goOn only; null otherwise
     };
+
+    explicit CompileRecord(OnFailure onFailure = OnFailure::raise) : m_onFailure(onFailure) {}
+
+    /// Forgets what was recorded.
+    void clear() { *this = CompileRecord(m_onFailure); }
+
+    /// Runs `body`; with OnFailure::goOn, what it raises becomes one of failures().
+    template <class Body>
+    void attempt(Body body)
+    {
+        if (m_onFailure == OnFailure::raise) {
+            body();
+            return;
+        }
+        try {
+            body();
+        } catch (const std::exception&) {
+            keepFailure(std::current_exception());
+        }
+    }
+
+    /// What an attempt does with an exception; for the one who catches the last.
+    void keepFailure(std::exception_ptr exception);
 
     class [[nodiscard]] Step
     {
@@ -58,7 +103,7 @@ public:
         ~TextStep();
 
         const std::string& source() const { return m_text.source; }
-        void keepWarnings(const std::vector<Diagnostic>& warnings);
+        void keepCompiled(const JsonValue& form, const std::vector<Diagnostic>& warnings);
 
     private:
         CompileRecord& m_record;
@@ -75,20 +120,18 @@ public:
         return TextStep(*this, text, before, behind);
     }
 
-    /// The place that the compile failed at: the innermost that it had gone to, which may be that of a
-    /// member which is missing.
-    const std::optional<JsonPath>& failure() const { return m_failure; }
+    const std::vector<Failure>& failures() const { return m_failures; }
 
-    /// The text whose compile failed, if it was that of a text.
-    const std::optional<ActionText>& failedText() const { return m_failedText; }
-
-    const std::vector<TextWarnings>& warnings() const { return m_warnings; }
+    /// The texts that compiled; with OnFailure::raise only those with warnings.
+    const std::vector<CompiledText>& texts() const { return m_texts; }
 
 private:
+    OnFailure m_onFailure;
     JsonPath m_place;
-    std::optional<JsonPath> m_failure;
+    std::optional<JsonPath> m_failedPlace; // of the exception on its way out
     std::optional<ActionText> m_failedText;
-    std::vector<TextWarnings> m_warnings;
+    std::vector<Failure> m_failures;
+    std::vector<CompiledText> m_texts;
 };
 
 #endif

@@ -16,11 +16,15 @@ template <class MemberCompiler>
 void forEachMember(const JsonObject& definition, const char* section, CompileRecord& record,
                    MemberCompiler compileMember)
 {
-    const CompileRecord::Step step = record.enter(section);
-    for (const auto& [identifier, member] : definition.at(section).asObject()) {
-        const CompileRecord::Step memberStep = record.enter(identifier);
-        compileMember(identifier, member);
-    }
+    record.attempt([&] {
+        const CompileRecord::Step step = record.enter(section);
+        for (const JsonMember& member : definition.at(section).asObject()) {
+            record.attempt([&] {
+                const CompileRecord::Step memberStep = record.enter(member.key);
+                compileMember(member.key, member.value);
+            });
+        }
+    });
 }
 
 } // namespace
@@ -30,9 +34,10 @@ JsonObject DDStateChartCompiler::compile(const JsonObject& definition)
     JsonObject compiled = StateChartCompiler::compile(definition);
     compileTerminals(definition, compiled);
     JsonObject parameters;
-    compileOutputDelay(definition, parameters, record());
+    record().attempt([&] { compileOutputDelay(definition, parameters, record()); });
     compileParameters(definition, parameters);
-    checkOutputDelay(definition, parameters, record());
+    if (parameters.contains(outputDelayParameter))
+        record().attempt([&] { checkOutputDelay(definition, parameters, record()); });
     JsonObject variables;
     compileVariables(definition, variables);
     compiled.insert("variables", std::move(variables));
@@ -48,10 +53,13 @@ void DDStateChartCompiler::compileTerminals(const JsonObject& definition, JsonOb
         JsonObject buses;
         JsonObject pins;
         const auto compileMember = [&](const std::string& identifier, const JsonValue& member) {
-            if (!identifiers.insert(identifier).second)
-                throw std::runtime_error(formatText("duplicate pin identifier: '{}'", identifier));
+            record().attempt([&] {
+                if (!identifiers.insert(identifier).second)
+                    throw std::runtime_error(formatText("duplicate pin identifier: '{}'", identifier));
+            });
             JsonObject terminal = compileTerminal(member.asObject(), record());
-            JsonObject& table = terminal.at("type").equals("pin") ? pins : buses;
+            const JsonValue* const type = terminal.find("type");
+            JsonObject& table = type != nullptr && type->equals("pin") ? pins : buses;
             table.insert(identifier, std::move(terminal));
         };
         forEachMember(definition, section, record(), compileMember);
@@ -95,10 +103,12 @@ JsonObject DDStateChartCompiler::compileTransition(const JsonObject& definition,
         const JsonValue* const text = definition.find(key);
         if (text == nullptr)
             continue;
-        const CompileRecord::Step step = record().enter(key);
-        const bool isNumber = key == std::string_view("wakeTime");
-        compiled.insert("wakeTime", isNumber ? compileExpressionText(text->asString(), "etod(\"", "\");")
-                                             : compileExpressionText(text->asString()));
+        record().attempt([&] {
+            const CompileRecord::Step step = record().enter(key);
+            const bool isNumber = key == std::string_view("wakeTime");
+            compiled.insert("wakeTime", isNumber ? compileExpressionText(text->asString(), "etod(\"", "\");")
+                                                 : compileExpressionText(text->asString()));
+        });
         break;
     }
     return compiled;

@@ -76,7 +76,8 @@ JsonObject parameterRecord(ParameterType type, std::string value)
 
 JsonObject compileParameter(const JsonObject& definition, CompileRecord& record)
 {
-    const ParameterType type = compileType(definition, record);
+    ParameterType type = ParameterType::real;
+    record.attempt([&] { type = compileType(definition, record); });
     return parameterRecord(type, compileValue(definition, record));
 }
 

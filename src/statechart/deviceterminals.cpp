@@ -80,15 +80,17 @@ void compileWidth(const JsonObject& definition, const TerminalMessages& messages
 void compileBus(const JsonObject& definition, const TerminalMessages& messages, JsonObject& compiled,
                 CompileRecord& record)
 {
-    compileWidth(definition, messages, compiled, record);
-    const BusDataType dataType =
-        wordValue(definition, "dataType", busDataTypeWords, messages.dataType, record);
-    const BusEncoding encoding =
-        dataType == BusDataType::int64
-            ? wordValue(definition, "encoding", busEncodingWords, messages.encoding, record)
-            : BusEncoding::unsignedBinary;
-    compiled.insert("dataType", number(dataType));
-    compiled.insert("encoding", number(encoding));
+    record.attempt([&] { compileWidth(definition, messages, compiled, record); });
+    record.attempt([&] {
+        const BusDataType dataType =
+            wordValue(definition, "dataType", busDataTypeWords, messages.dataType, record);
+        compiled.insert("dataType", number(dataType));
+        const BusEncoding encoding =
+            dataType == BusDataType::int64
+                ? wordValue(definition, "encoding", busEncodingWords, messages.encoding, record)
+                : BusEncoding::unsignedBinary;
+        compiled.insert("encoding", number(encoding));
+    });
 }
 
 JsonValue compileBusInitial(const JsonObject& definition, CompileRecord& record)
@@ -114,7 +116,7 @@ JsonObject compileOutput(const JsonObject& definition, CompileRecord& record)
 {
     JsonObject compiled;
     if (compileType(definition, outputMessages, compiled, record)) {
-        compiled.insert("initial", compileBusInitial(definition, record));
+        record.attempt([&] { compiled.insert("initial", compileBusInitial(definition, record)); });
         compileBus(definition, outputMessages, compiled, record);
     } else {
         compiled.insert("initial", number(wordValue(definition, "initial", pinInitialValueWords,

@@ -39,38 +39,49 @@ std::string firstFinding(const CompileResult& result, std::string_view source)
 
 } // namespace
 
-StateChartCompiler::StateChartCompiler(std::shared_ptr<CodeBuilder> codeBuilder)
-    : m_codeBuilder(std::move(codeBuilder))
+StateChartCompiler::StateChartCompiler(std::shared_ptr<CodeBuilder> codeBuilder, OnFailure onFailure)
+    : m_codeBuilder(std::move(codeBuilder)), m_record(onFailure)
 {}
 
 StateChartCompiler::~StateChartCompiler() = default;
 
 JsonObject StateChartCompiler::compile(const JsonObject& definition)
 {
-    m_record = CompileRecord();
+    m_record.clear();
+    m_transitionIdentifiers.clear();
     m_transitions = JsonObject();
     JsonObject compiled;
-    JsonObject compiledStates;
-    {
+    const JsonObject* states = nullptr;
+    m_record.attempt([&] {
         const CompileRecord::Step step = m_record.enter("states");
-        const JsonObject& states = definition.at("states").asObject();
-        compiledStates.reserve(states.size());
-        for (const JsonMember& member : states) {
-            const std::string& identifier = member.key;
-            const CompileRecord::Step stateStep = m_record.enter(identifier);
-            compiledStates.insert(identifier, within(formatText("states[\"{}\"]", identifier), [&] {
-                                      return compileState(member.value.asObject(), identifier, 1);
-                                  }));
-        }
-    }
-    const CompileRecord::Step step = m_record.enter("start");
-    const std::string& start = definition.at("start").asString();
-    if (!compiledStates.contains(start))
-        throw std::runtime_error("start identifier does not reference top level state");
-    compiled.insert("states", std::move(compiledStates));
-    compiled.insert("start", start);
-    compiled.insert("transitions", m_transitions);
+        states = &definition.at("states").asObject();
+        compiled.insert("states", compileStates(*states));
+    });
+    m_record.attempt([&] {
+        const CompileRecord::Step step = m_record.enter("start");
+        const std::string& start = definition.at("start").asString();
+        if (states != nullptr && !states->contains(start))
+            throw std::runtime_error("start identifier does not reference top level state");
+        compiled.insert("start", start);
+    });
+    compiled.insert("transitions", std::exchange(m_transitions, {}));
     compiled.insert("nstates", static_cast<std::int32_t>(m_nestedStates.size()));
+    return compiled;
+}
+
+JsonObject StateChartCompiler::compileStates(const JsonObject& states)
+{
+    JsonObject compiled;
+    compiled.reserve(states.size());
+    for (const JsonMember& member : states) {
+        const std::string& identifier = member.key;
+        m_record.attempt([&] {
+            const CompileRecord::Step step = m_record.enter(identifier);
+            compiled.insert(identifier, within(formatText("states[\"{}\"]", identifier), [&] {
+                                return compileState(member.value.asObject(), identifier, 1);
+                            }));
+        });
+    }
     return compiled;
 }
 
@@ -78,23 +89,23 @@ JsonObject StateChartCompiler::compileState(const JsonObject& definition, const 
                                             int depth)
 {
     JsonObject compiled;
-    {
+    m_record.attempt([&] {
         const CompileRecord::Step step = m_record.enter("type");
         compiled.insert("type", definition.at("type").asString());
-    }
-    const JsonValue& type = compiled.at("type");
-    const bool isCompound = type.equals("compound");
-    if (isCompound || type.equals("parallel"))
-        compiled.insert("substates", compileSubstates(definition, depth));
+    });
+    const JsonValue* const type = compiled.find("type");
+    const bool isCompound = type != nullptr && type->equals("compound");
+    const bool isParallel = type != nullptr && type->equals("parallel");
+    const bool hasLostType = type == nullptr && definition.contains("substates"); // its children are checked
+    if (isCompound || isParallel || hasLostType)
+        m_record.attempt([&] { compiled.insert("substates", compileSubstates(definition, depth)); });
     if (isCompound)
-        checkInitial(definition, compiled);
-    compiled.insert("ntrans", static_cast<std::int32_t>(compileTransitions(definition, identifier)));
+        m_record.attempt([&] { checkInitial(definition, compiled); });
+    m_record.attempt([&] { compileTransitions(definition, identifier, compiled); });
     for (const char* key : {"onEntry", "onExit"}) {
-        if (!definition.contains(key))
-            continue;
         const std::string wrongForm = formatText("invalid format for {} definition", key);
-        compiled.insert(key, compileTexts(definition, key, wrongForm.c_str(),
-                                          &StateChartCompiler::compileStatementsText));
+        compileTexts(definition, key, wrongForm.c_str(), &StateChartCompiler::compileStatementsText,
+                     compiled);
     }
     return compiled;
 }
@@ -107,16 +118,19 @@ JsonObject StateChartCompiler::compileSubstates(const JsonObject& definition, in
     compiled.reserve(substates.size());
     for (const JsonMember& member : substates) {
         const std::string& identifier = member.key;
-        const CompileRecord::Step stateStep = m_record.enter(identifier);
-        const std::string path = formatText("substates[\"{}\"]", identifier);
-        if (m_nestedStates.contains(identifier))
-            throw StateChartCompilerException(path, formatText("duplicate state identifier: {}", identifier));
-        if (depth >= maximumStateDepth)
-            throw StateChartCompilerException(path, "states are nested too deep");
-        m_nestedStates.insert(identifier);
-        compiled.insert(identifier, within(path, [&] {
-                            return compileState(member.value.asObject(), identifier, depth + 1);
-                        }));
+        m_record.attempt([&] {
+            const CompileRecord::Step stateStep = m_record.enter(identifier);
+            const std::string path = formatText("substates[\"{}\"]", identifier);
+            if (depth >= maximumStateDepth)
+                throw StateChartCompilerException(path, "states are nested too deep");
+            if (!m_nestedStates.insert(identifier).second) {
+                throw StateChartCompilerException(path,
+                                                  formatText("duplicate state identifier: {}", identifier));
+            }
+            compiled.insert(identifier, within(path, [&] {
+                                return compileState(member.value.asObject(), identifier, depth + 1);
+                            }));
+        });
     }
     return compiled;
 }
@@ -126,69 +140,74 @@ void StateChartCompiler::checkInitial(const JsonObject& definition, JsonObject& 
     const CompileRecord::Step step = m_record.enter("initial");
     const std::string& initial = definition.at("initial").asString();
     compiled.insert("initial", initial);
-    if (!definition.at("substates").has(initial))
+    const JsonValue* const substates = definition.find("substates");
+    const bool isChecked = substates != nullptr && substates->isObject(); // else that is what is wrong
+    if (isChecked && !substates->has(initial))
         throw StateChartCompilerException("initial", formatText("cannot find initial state: {}", initial));
 }
 
-std::size_t StateChartCompiler::compileTransitions(const JsonObject& definition, const std::string& source)
+void StateChartCompiler::compileTransitions(const JsonObject& definition, const std::string& source,
+                                            JsonObject& compiled)
 {
     const JsonValue* const value = definition.find("transitions");
-    if (value == nullptr)
-        return 0;
+    if (value == nullptr) {
+        compiled.insert("ntrans", 0);
+        return;
+    }
     const CompileRecord::Step step = m_record.enter("transitions");
     const JsonObject& transitions = value->asObject();
+    compiled.insert("ntrans", static_cast<std::int32_t>(transitions.size()));
     for (const JsonMember& member : transitions) {
         const std::string& identifier = member.key;
-        const CompileRecord::Step transitionStep = m_record.enter(identifier);
-        const std::string path = formatText("transitions[\"{}\"]", identifier);
-        if (m_transitions.contains(identifier)) {
-            throw StateChartCompilerException(path,
-                                              formatText("duplicate transition identifier: {}", identifier));
-        }
-        m_transitions.insert(
-            identifier, within(path, [&] { return compileTransition(member.value.asObject(), source); }));
+        m_record.attempt([&] {
+            const CompileRecord::Step transitionStep = m_record.enter(identifier);
+            const std::string path = formatText("transitions[\"{}\"]", identifier);
+            if (!m_transitionIdentifiers.insert(identifier).second) {
+                throw StateChartCompilerException(
+                    path, formatText("duplicate transition identifier: {}", identifier));
+            }
+            m_transitions.insert(
+                identifier, within(path, [&] { return compileTransition(member.value.asObject(), source); }));
+        });
     }
-    return transitions.size();
 }
 
 JsonObject StateChartCompiler::compileTransition(const JsonObject& definition, const std::string& source)
 {
     JsonObject compiled{{"src", source}};
-    {
+    m_record.attempt([&] {
         const CompileRecord::Step step = m_record.enter("target");
         compiled.insert("tgt", definition.at("target"));
-    }
-    {
+    });
+    m_record.attempt([&] {
         const CompileRecord::Step step = m_record.enter("order");
         compiled.insert("order", definition.at("order"));
-    }
+    });
     if (const JsonValue* const event = definition.find("event"))
         compiled.insert("event", *event);
     compiled.insert("local", false);
-    if (definition.contains("actions")) {
-        compiled.insert("actions",
-                        compileTexts(definition, "actions", "invalid format for 'actions' definition",
-                                     &StateChartCompiler::compileStatementsText));
-    }
-    if (definition.contains("conditions")) {
-        compiled.insert("conditions",
-                        compileTexts(definition, "conditions", "invalid format for 'conditions' definition",
-                                     &StateChartCompiler::compileConditionText));
-    }
+    compileTexts(definition, "actions", "invalid format for 'actions' definition",
+                 &StateChartCompiler::compileStatementsText, compiled);
+    compileTexts(definition, "conditions", "invalid format for 'conditions' definition",
+                 &StateChartCompiler::compileConditionText, compiled);
     return compiled;
 }
 
-JsonArray StateChartCompiler::compileTexts(const JsonObject& definition, const char* key,
-                                           const char* wrongForm, TextCompiler compileText)
+void StateChartCompiler::compileTexts(const JsonObject& definition, const char* key, const char* wrongForm,
+                                      TextCompiler compileText, JsonObject& compiled)
 {
-    const CompileRecord::Step step = m_record.enter(key);
-    const JsonValue& texts = definition.at(key);
-    return withinText(key, [&] {
-        if (texts.isString())
-            return JsonArray{(this->*compileText)(texts.asString())};
-        if (!texts.isArray())
-            throw std::runtime_error(wrongForm);
-        return compileTextList(texts.asArray(), compileText);
+    const JsonValue* const texts = definition.find(key);
+    if (texts == nullptr)
+        return;
+    m_record.attempt([&] {
+        const CompileRecord::Step step = m_record.enter(key);
+        compiled.insert(key, withinText(key, [&] {
+                            if (texts->isString())
+                                return JsonArray{(this->*compileText)(texts->asString())};
+                            if (!texts->isArray())
+                                throw std::runtime_error(wrongForm);
+                            return compileTextList(texts->asArray(), compileText);
+                        }));
     });
 }
 
@@ -197,9 +216,11 @@ JsonArray StateChartCompiler::compileTextList(const JsonArray& texts, TextCompil
     JsonArray compiled;
     compiled.reserve(texts.size());
     for (std::size_t index = 0; index < texts.size(); ++index) {
-        const CompileRecord::Step step = m_record.enter(index);
-        compiled.push_back(withinText(formatText("[{}]", index),
-                                      [&] { return (this->*compileText)(texts[index].asString()); }));
+        m_record.attempt([&] {
+            const CompileRecord::Step step = m_record.enter(index);
+            compiled.push_back(withinText(formatText("[{}]", index),
+                                          [&] { return (this->*compileText)(texts[index].asString()); }));
+        });
     }
     return compiled;
 }
@@ -212,7 +233,7 @@ JsonValue StateChartCompiler::compileStatementsText(const std::string& text)
         throw ActionFindingsException(formatText("action compilation failed: {}", firstFinding(result, text)),
                                       result.findings());
     }
-    step.keepWarnings(result.warnings());
+    step.keepCompiled(result.value(), result.warnings());
     return std::move(result).value();
 }
 
@@ -226,7 +247,7 @@ JsonValue StateChartCompiler::compileConditionText(const std::string& text)
                                                  result.findings().front().position),
                                       result.findings());
     }
-    step.keepWarnings(result.warnings());
+    step.keepCompiled(result.value(), result.warnings());
     return std::move(result).value();
 }
 
@@ -235,7 +256,6 @@ JsonValue StateChartCompiler::compileExpressionText(std::string_view text, std::
 {
     CompileRecord::TextStep step = m_record.enterText(text, before, behind);
     CompileResult result = m_codeBuilder->compileExpression(step.source());
-    JsonValue compiled = result.value();
-    step.keepWarnings(result.warnings());
-    return compiled;
+    step.keepCompiled(result.value(), result.warnings());
+    return std::move(result).value();
 }

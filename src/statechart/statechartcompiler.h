@@ -21,7 +21,10 @@
 class StateChartCompiler
 {
 public:
-    explicit StateChartCompiler(std::shared_ptr<CodeBuilder> codeBuilder);
+    /// @param onFailure With OnFailure::goOn nothing is raised for what is wrong in the definition: record()
+    /// has the failures, and what compile() gives is whatever could be compiled.
+    explicit StateChartCompiler(std::shared_ptr<CodeBuilder> codeBuilder,
+                                OnFailure onFailure = OnFailure::raise);
     StateChartCompiler(const StateChartCompiler&) = delete;
     StateChartCompiler& operator=(const StateChartCompiler&) = delete;
     virtual ~StateChartCompiler();
@@ -32,7 +35,7 @@ public:
     /// The compiled form of one transition of the state `source`. States call it for each of theirs.
     virtual JsonObject compileTransition(const JsonObject& definition, const std::string& source);
 
-    /// Warnings, and the place of a failure; to be read after compile(), whether it failed or not.
+    /// Failures and texts, each with its place; to be read after compile(), whether it failed or not.
     const CompileRecord& record() const { return m_record; }
 
     /// How deep states may nest. Far above honest use; it keeps hostile definitions from the stack's end.
@@ -48,21 +51,22 @@ protected:
 private:
     using TextCompiler = JsonValue (StateChartCompiler::*)(const std::string& text);
 
+    JsonObject compileStates(const JsonObject& states);
     JsonObject compileState(const JsonObject& definition, const std::string& identifier, int depth);
     JsonObject compileSubstates(const JsonObject& definition, int depth);
     void checkInitial(const JsonObject& definition, JsonObject& compiled);
-    /// @return how many there are.
-    std::size_t compileTransitions(const JsonObject& definition, const std::string& source);
+    void compileTransitions(const JsonObject& definition, const std::string& source, JsonObject& compiled);
 
-    /// What a key of texts holds, one or a list, compiled one by one. Everything that it raises names the
-    /// key.
-    JsonArray compileTexts(const JsonObject& definition, const char* key, const char* wrongForm,
-                           TextCompiler compileText);
+    /// What a key of texts holds if it is there, one or a list, compiled one by one into the same key.
+    /// Everything that it raises names the key.
+    void compileTexts(const JsonObject& definition, const char* key, const char* wrongForm,
+                      TextCompiler compileText, JsonObject& compiled);
     JsonArray compileTextList(const JsonArray& texts, TextCompiler compileText);
     JsonValue compileStatementsText(const std::string& text);
     JsonValue compileConditionText(const std::string& text);
 
     std::unordered_set<std::string> m_nestedStates; // their identifiers
+    std::unordered_set<std::string> m_transitionIdentifiers;
     JsonObject m_transitions;
     std::shared_ptr<CodeBuilder> m_codeBuilder;
     CompileRecord m_record;

@@ -67,9 +67,11 @@ TEST_F(Check, PrintsAWarningAndIsContent)
 TEST_F(Check, PrintsOneObjectALineAsJson)
 {
     const ProcessResult result = check(withAction(R"("int z;")"), {"--json"});
-    EXPECT_EQ(result.output, "{\"code\":6,\"column\":53,\"file\":\"d.json\",\"line\":2,"
-                             "\"path\":\"states[\\\"a\\\"].onEntry\",\"severity\":\"warning\","
-                             "\"text\":\"'z' is not used\"}\n");
+    EXPECT_EQ(
+        result.output,
+        "{\"code\":6,\"column\":53,\"file\":\"d.json\",\"line\":2,"
+        "\"name\":\"unassigned-variable\",\"path\":\"states[\\\"a\\\"].onEntry\",\"severity\":\"warning\","
+        "\"text\":\"'z' is not used\"}\n");
 }
 
 TEST_F(Check, LocatesASyntaxErrorOfTheJson)
@@ -141,4 +143,61 @@ TEST_F(Check, ReportsWhatItCannotWrite)
     const ProcessResult result = run({"check", "d.json"}, options);
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_THAT(result.error, testing::HasSubstr("cannot write to standard output"));
+}
+
+TEST_F(Check, ReportsEveryErrorOfAFile)
+{
+    const ProcessResult result = check(withAction(R"(["x;", "y;"])"));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.output, testing::HasSubstr("'x': undeclared identifier"));
+    EXPECT_THAT(result.output, testing::HasSubstr("'y': undeclared identifier"));
+}
+
+TEST_F(Check, DoesNotReportDisabledWarnings)
+{
+    const ProcessResult result =
+        check(withAction(R"("int z; if (1) print(1);")"), {"--disable", "unassigned-variable"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_THAT(result.output, testing::StartsWith("d.json:2:64: warning: this condition is always true"));
+    EXPECT_EQ(check(withAction(R"("int z; if (1) print(1);")"),
+                    {"--disable", "unassigned-variable", "--disable", "constant-condition"})
+                  .output,
+              "");
+}
+
+TEST_F(Check, TakesAWarningForAnErrorWhenAsked)
+{
+    const ProcessResult result = check(withAction(R"("int z;")"), {"--error", "unassigned-variable"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.output, testing::StartsWith("d.json:2:53: error: 'z' is not used"));
+}
+
+TEST_F(Check, RefusesAKindThatThereIsNot)
+{
+    const ProcessResult result = check(smallDefinition, {"--disable", "nonsense"});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_THAT(result.error,
+                testing::HasSubstr("no such kind of finding: nonsense (see halvorin check --help)"));
+    EXPECT_EQ(check(smallDefinition, {"--error", "nonsense"}).exitCode, 2);
+}
+
+TEST_F(Check, RefusesToDisableErrors)
+{
+    const ProcessResult result = check(smallDefinition, {"--disable", "invalid-action"});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_THAT(result.error, testing::HasSubstr("not a kind of warning: invalid-action"));
+}
+
+TEST_F(Check, ListsTheKindsOfWarningsInItsHelp)
+{
+    const ProcessResult result = run({"check", "--help"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_THAT(result.output,
+                testing::HasSubstr("  unknown-target        the target of a transition is no state\n"));
+    EXPECT_THAT(result.output, testing::Not(testing::HasSubstr("invalid-action ")));
+}
+
+TEST_F(Check, HasOneFormatAtATime)
+{
+    EXPECT_EQ(check(smallDefinition, {"--json", "--sarif"}).exitCode, 2);
 }

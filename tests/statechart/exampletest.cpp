@@ -1,5 +1,5 @@
+#include "statechart/check/definitioncheck.h"
 #include "statechart/ddstatechartcompiler.h"
-#include "statechart/definitioncheck.h"
 #include "statechart/definitions.h"
 
 #include <algorithm>

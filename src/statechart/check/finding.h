@@ -1,27 +1,21 @@
 #ifndef FINDING_H
 #define FINDING_H
 
-#include "halvwidgetsexport.h"
+#include "statechart/check/findingkind.h"
 
 #include <cstddef>
-#include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 
 /// Something to say about a definition: what, how grave, and where in its text. The command line and the
 /// editor show the same findings.
 struct HALVWIDGETS_EXPORT Finding
 {
-    enum class Severity
-    {
-        error,
-        warning,
-    };
+    using Severity = FindingSeverity;
 
+    FindingKind kind = FindingKind::invalidDefinition;
     Severity severity = Severity::error;
 
-    /// The code in the language's table of errors, or of warnings; none for what is not about action text.
+    /// The code in the language's table of errors, or of warnings; none for what the language does not say.
     std::optional<std::uint32_t> code;
     std::string text;
 

@@ -1,4 +1,4 @@
-#include "statechart/linemap.h"
+#include "statechart/check/linemap.h"
 
 namespace {
 

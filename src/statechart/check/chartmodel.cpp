@@ -1,0 +1,164 @@
+#include "statechart/check/chartmodel.h"
+
+#include "statechart/statechartcompiler.h"
+
+#include <algorithm>
+
+namespace {
+
+JsonPath below(const JsonPath& path, std::string_view section, std::string_view identifier)
+{
+    JsonPath result;
+    result.reserve(path.size() + 2);
+    result = path;
+    result.emplace_back(std::string(section));
+    result.emplace_back(std::string(identifier));
+    return result;
+}
+
+/// The members of a section; none when it is missing or no object.
+const JsonObject& membersOf(const JsonObject& definition, std::string_view section)
+{
+    static const JsonObject none;
+    const JsonValue* const value = definition.find(section);
+    return value != nullptr && value->isObject() ? value->asObject() : none;
+}
+
+std::optional<std::string_view> wordAt(const JsonObject& definition, std::string_view key)
+{
+    const JsonValue* const value = definition.find(key);
+    if (value == nullptr || !value->isString())
+        return std::nullopt;
+    return value->asString();
+}
+
+ChartState::Type typeOf(const JsonObject& definition)
+{
+    const std::optional<std::string_view> word = wordAt(definition, "type");
+    if (word == "atomic")
+        return ChartState::Type::atomic;
+    if (word == "compound")
+        return ChartState::Type::compound;
+    return word == "parallel" ? ChartState::Type::parallel : ChartState::Type::unknown;
+}
+
+bool hasConditions(const JsonObject& transition)
+{
+    const JsonValue* const conditions = transition.find("conditions");
+    return conditions != nullptr && !(conditions->isArray() && conditions->asArray().empty());
+}
+
+/// The path of a condition up to its transition.
+JsonPath transitionPathOf(const JsonPath& path)
+{
+    const bool isElement = std::holds_alternative<std::size_t>(path.back());
+    return {path.begin(), path.end() - (isElement ? 2 : 1)};
+}
+
+} // namespace
+
+bool ChartTransition::hasEvent(std::string_view name) const
+{
+    const JsonValue* const event = definition->find("event");
+    return event != nullptr && event->equals(name);
+}
+
+ChartModel::ChartModel(const JsonObject& definition, const std::vector<CheckedText>& texts)
+{
+    for (const CheckedText& text : texts) {
+        if (text.use == CheckedText::Use::condition)
+            m_conditions[transitionPathOf(text.text->path)].push_back(&text);
+    }
+    std::unordered_map<std::string_view, std::size_t> topLevel;
+    for (const JsonMember& member : membersOf(definition, "states")) {
+        if (const auto state = addState(member, {}, std::nullopt, 1))
+            topLevel.emplace(member.key, *state);
+    }
+    if (const auto start = wordAt(definition, "start")) {
+        if (const auto found = topLevel.find(*start); found != topLevel.end())
+            m_start = found->second;
+    }
+    resolve();
+    sortTransitions();
+}
+
+std::optional<std::size_t> ChartModel::addState(const JsonMember& member, const JsonPath& parentPath,
+                                                std::optional<std::size_t> parent, int depth)
+{
+    if (!member.value.isObject() || depth > StateChartCompiler::maximumStateDepth)
+        return std::nullopt;
+    const JsonObject& definition = member.value.asObject();
+    const std::size_t state = m_states.size();
+    m_states.push_back({.identifier = member.key,
+                        .path = below(parentPath, parent ? "substates" : "states", member.key),
+                        .type = typeOf(definition),
+                        .parent = parent,
+                        .children = {},
+                        .initial = {},
+                        .transitions = {}});
+    if (m_states[state].type == ChartState::Type::compound ||
+        m_states[state].type == ChartState::Type::parallel)
+        addChildren(state, definition, depth);
+    addTransitions(state, definition);
+    m_names.emplace(member.key, state); // behind its children: a nested state hides a later one of its name
+    return state;
+}
+
+void ChartModel::addChildren(std::size_t state, const JsonObject& definition, int depth)
+{
+    const std::optional<std::string_view> initial =
+        m_states[state].type == ChartState::Type::compound ? wordAt(definition, "initial") : std::nullopt;
+    for (const JsonMember& member : membersOf(definition, "substates")) {
+        const auto child = addState(member, JsonPath(m_states[state].path), state, depth + 1);
+        if (!child)
+            continue;
+        m_states[state].children.push_back(*child);
+        if (member.key == initial)
+            m_states[state].initial = child;
+    }
+}
+
+void ChartModel::addTransitions(std::size_t state, const JsonObject& definition)
+{
+    for (const JsonMember& member : membersOf(definition, "transitions")) {
+        if (!member.value.isObject())
+            continue;
+        const JsonObject& transition = member.value.asObject();
+        const JsonValue* const order = transition.find("order");
+        ChartTransition model{.identifier = member.key,
+                              .path = below(m_states[state].path, "transitions", member.key),
+                              .definition = &transition,
+                              .source = state,
+                              .target = {},
+                              .order = {},
+                              .hasConditions = hasConditions(transition),
+                              .conditions = {}};
+        if (order != nullptr && order->isInt())
+            model.order = order->asInt();
+        if (const auto conditions = m_conditions.find(model.path); conditions != m_conditions.end())
+            model.conditions = conditions->second;
+        m_transitions.push_back(std::move(model));
+    }
+}
+
+void ChartModel::resolve()
+{
+    for (std::size_t i = 0; i < m_transitions.size(); ++i) {
+        ChartTransition& transition = m_transitions[i];
+        transition.source = m_names.at(m_states[transition.source].identifier);
+        m_states[transition.source].transitions.push_back(i);
+        if (const auto target = wordAt(*transition.definition, "target")) {
+            if (const auto found = m_names.find(*target); found != m_names.end())
+                transition.target = found->second;
+        }
+    }
+}
+
+void ChartModel::sortTransitions()
+{
+    for (ChartState& state : m_states) {
+        std::ranges::stable_sort(state.transitions, {}, [&](std::size_t transition) {
+            return m_transitions[transition].order.value_or(0);
+        });
+    }
+}

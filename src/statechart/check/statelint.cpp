@@ -1,0 +1,94 @@
+#include "statechart/check/lints.h"
+#include "statechart/text/format.h"
+
+#include <algorithm>
+
+namespace {
+
+using Type = ChartState::Type;
+
+/// Follows a chart the way that its run-time does, taking every transition for possible.
+class Reachability
+{
+public:
+    explicit Reachability(const ChartModel& chart)
+        : m_chart(chart), m_isEntered(chart.states().size()), m_isActive(chart.states().size())
+    {}
+
+    void startAt(std::size_t state)
+    {
+        m_open.push_back(state);
+        while (!m_open.empty()) {
+            const std::size_t next = m_open.back();
+            m_open.pop_back();
+            enter(next);
+        }
+    }
+
+    bool isActive(std::size_t state) const { return m_isActive[state]; }
+
+private:
+    void enter(std::size_t index)
+    {
+        if (m_isEntered[index])
+            return;
+        m_isEntered[index] = true;
+        activate(index);
+        const ChartState& state = m_chart.states()[index];
+        if (state.type == Type::parallel)
+            m_open.insert(m_open.end(), state.children.begin(), state.children.end());
+        else if (state.initial)
+            m_open.push_back(*state.initial);
+    }
+
+    /// A state is active with any of its descendants, even one that was entered directly.
+    void activate(std::optional<std::size_t> index)
+    {
+        for (; index && !m_isActive[*index]; index = m_chart.states()[*index].parent) {
+            m_isActive[*index] = true;
+            for (const std::size_t transition : m_chart.states()[*index].transitions) {
+                if (const auto target = m_chart.transitions()[transition].target)
+                    m_open.push_back(*target);
+            }
+        }
+    }
+
+    const ChartModel& m_chart;
+    std::vector<bool> m_isEntered;
+    std::vector<bool> m_isActive;
+    std::vector<std::size_t> m_open;
+};
+
+void reportUnreachable(const ChartModel& chart, FindingReport& report)
+{
+    if (!chart.start())
+        return; // what is wrong is the start
+    Reachability reachability(chart);
+    reachability.startAt(*chart.start());
+    for (std::size_t i = 0; i < chart.states().size(); ++i) {
+        const ChartState& state = chart.states()[i];
+        const bool isInside = state.parent && !reachability.isActive(*state.parent); // told of its parent
+        if (!reachability.isActive(i) && !isInside) {
+            report.addAtKey({FindingKind::unreachableState,
+                             formatText("'{}': nothing leads to this state", state.identifier)},
+                            state.path);
+        }
+    }
+}
+
+} // namespace
+
+void lintStates(const CheckedDefinition& checked, FindingReport& report)
+{
+    for (const ChartState& state : checked.chart.states()) {
+        if (state.type != Type::unknown)
+            continue;
+        JsonPath path = state.path;
+        path.emplace_back("type");
+        report.addAt(
+            {FindingKind::unknownStateType,
+             formatText("'{}': a state is \"atomic\", \"compound\" or \"parallel\"", state.identifier)},
+            path);
+    }
+    reportUnreachable(checked.chart, report);
+}

@@ -1,0 +1,105 @@
+#include "lintcase.h"
+
+namespace {
+
+class ConstantCondition : public testing::TestWithParam<LintCase>
+{};
+
+TEST_P(ConstantCondition, IsToldOfConditions)
+{
+    checkLintCase(GetParam(), FindingKind::constantCondition);
+}
+
+std::string conditionOf(std::string_view condition)
+{
+    return transitionsOf(std::string(R"("t": {"target": "b", "order": 0, "event": "change", "conditions": )")
+                             .append(condition)
+                             .append("}"));
+}
+
+const char* const alwaysTrue = "this condition is always true";
+const char* const alwaysFalse = "this condition is always false";
+
+const std::vector<LintCase> conditions{
+    {"aLiteral", conditionOf(R"("«true»")"), alwaysTrue},
+    {"aNumber", conditionOf(R"("«0»")"), alwaysFalse},
+    {"anElementOfAList", conditionOf(R"j(["simulationTime() > 1.0", "(«1 + 1 == 3»)"])j"), alwaysFalse},
+    {"aSideThatDecides", conditionOf(R"("«simulationTime() > 1.0 && 2 < 1»")"), alwaysFalse},
+    {"aSideThatDecidesAnOr", conditionOf(R"("«simulationTime() > 1.0 || true»")"), alwaysTrue},
+    {"aNegation", conditionOf(R"("«!(simulationTime() > 1.0 && false)»")"), alwaysTrue},
+    {"aFunctionOfConstants", conditionOf(R"("«sqrt(4) == 2.0»")"), alwaysTrue},
+    {"aProductWithZero", actionsOf(R"("int x = 1; if («x * 0») print(x);")"), alwaysFalse},
+    {"anIf", actionsOf(R"("if («1.5») print(\"é\");")"), alwaysTrue},
+    {"aWhile", actionsOf(R"("print(\"\\n\"); while («1 > 2») print(1);")"), alwaysFalse},
+    {"aDo", actionsOf(R"("do print(1); while («false»);")"), alwaysFalse},
+    {"aFor", actionsOf(R"("for (int i = 0; «true»; ++i) print(i);")"), alwaysTrue},
+    {"aForOnSeveralLines",
+     actionsOf("[\"int i = 0;\", \"int k = 0;\\nfor (k = 1; «2»; ++k)\\n  print(k);\"]"), alwaysTrue},
+    {"aVariable", actionsOf(R"("int x = 1; if (x == 1) print(x);")")},
+    {"oneConstantSideThatDoesNotDecide", conditionOf(R"("simulationTime() > 1.0 && true")")},
+    {"aFunctionOfTheDevice", conditionOf(R"j("simulationTime() == simulationTime()")j")},
+    {"aDivisionThatWouldFault", actionsOf(R"("int x = 0; if (8 / x == 1) print(x);")")},
+};
+INSTANTIATE_TEST_SUITE_P(Conditions, ConstantCondition, testing::ValuesIn(conditions));
+
+class DivisionByZero : public testing::TestWithParam<LintCase>
+{};
+
+TEST_P(DivisionByZero, IsToldOfActions)
+{
+    checkLintCase(GetParam(), FindingKind::divisionByZero);
+}
+
+const std::vector<LintCase> divisions{
+    {"aLiteral", actionsOf(R"("print(1 / «0»);")"), "'/': the divisor is always zero"},
+    {"aRemainder", actionsOf(R"("int x = 8; print(x % («3 - 3»));")"), "'%': the divisor is always zero"},
+    {"anAssignment", actionsOf(R"("int x = 8; x /= «0»; print(x);")"), "'/=': the divisor is always zero"},
+    {"aRemainderThatIsAssigned", actionsOf(R"("int64_t x = 8; x %= «0»; print(x);")"),
+     "'%=': the divisor is always zero"},
+    {"aProductWithZero", actionsOf(R"("int x = 8; print(x / («x * 0»));")"),
+     "'/': the divisor is always zero"},
+    {"insideACondition", actionsOf(R"("int x = 1; if (x / «0» == 1 && x > 2) print(\"\\n\");")"),
+     "'/': the divisor is always zero"},
+    {"aDivisorThatMayBeZero", actionsOf(R"("int x = 0; print(1 / x);")")},
+    {"aDivisionOfDoubles", actionsOf(R"("print(1.0 / 0.0); print(1.0 / 0);")")},
+    {"anotherDivisor", actionsOf(R"("print(1 / 2 % 3); int x = 7; x /= 1; print(x);")")},
+};
+INSTANTIATE_TEST_SUITE_P(Divisions, DivisionByZero, testing::ValuesIn(divisions));
+
+class InvalidNumber : public testing::TestWithParam<LintCase>
+{};
+
+TEST_P(InvalidNumber, IsToldOfTexts)
+{
+    checkLintCase(GetParam(), FindingKind::invalidNumber);
+}
+
+const std::vector<LintCase> numbers{
+    {"aWakeTime", transitionsOf(R"("t": {"target": "b", "order": 0, "event": "wake", "wakeTime": "«soon»"})"),
+     "'soon': invalid format for number conversion"},
+    {"aTextOfAnAction", actionsOf(R"("print(etod(«\"1 ns\"»));")"),
+     "'1 ns': invalid format for number conversion"},
+    {"aNumberWithASuffix", actionsOf(R"("print(etod(\"1ns\"));")")},
+    {"aTextThatIsComputed", actionsOf(R"("print(etod(format(\"x{}\", 1)));")")},
+};
+INSTANTIATE_TEST_SUITE_P(Texts, InvalidNumber, testing::ValuesIn(numbers));
+
+class SplitExponent : public testing::TestWithParam<LintCase>
+{};
+
+TEST_P(SplitExponent, IsToldOfNumbers)
+{
+    checkLintCase(GetParam(), FindingKind::splitExponent);
+}
+
+const std::vector<LintCase> exponents{
+    {"aNegativeExponent", actionsOf(R"("print(2.0 * «1e-9»);")"),
+     "'1e-9' is read as '1e - 9': an exponent has no sign"},
+    {"aPositiveExponent", actionsOf(R"("print(«1.5E+3»);")"),
+     "'1.5E+3' is read as '1.5E + 3': an exponent has no sign"},
+    {"anExponentWithoutSign", actionsOf(R"("print(1e9);")")},
+    {"aDifferenceThatIsMeant", actionsOf(R"("print(1e - 9); print(1e1-9);")")},
+};
+INSTANTIATE_TEST_SUITE_P(Numbers, SplitExponent, testing::ValuesIn(exponents));
+
+} // namespace
