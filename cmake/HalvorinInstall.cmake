@@ -1,5 +1,5 @@
-# What goes to an install tree: the programs, the shared libraries, the headers of what they export, and what
-# find_package(HalvWidgets) reads.
+# What goes to an install tree: the programs, the shared libraries, the headers of what they export, what
+# find_package(HalvWidgets) reads, and the schemas for editors.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -44,6 +44,7 @@ function(halvorin_install)
     install(TARGETS HalvWidgets HalvCore HostSupport EXPORT HalvWidgetsTargets
         FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/HalvWidgets)
     install(TARGETS halvorin)
+    install(DIRECTORY ${CMAKE_SOURCE_DIR}/resources/schemas DESTINATION ${CMAKE_INSTALL_DATADIR}/halvorin)
     install(EXPORT HalvWidgetsTargets NAMESPACE HalvWidgets:: DESTINATION ${package_folder})
     configure_package_config_file(${CMAKE_SOURCE_DIR}/cmake/HalvWidgetsConfig.cmake.in
         ${CMAKE_BINARY_DIR}/HalvWidgetsConfig.cmake INSTALL_DESTINATION ${package_folder})

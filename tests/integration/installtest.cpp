@@ -55,6 +55,9 @@ TEST(Install, LetsAProgramFromOutsideBuildAgainstTheLibrary)
     ProcessResult step = runProcess({CMAKE_PROGRAM, "--install", BUILD_FOLDER, "--prefix", prefix});
     ASSERT_EQ(step.exitCode, 0) << step.output << step.error;
 
+    EXPECT_TRUE(
+        fs::exists(fs::path(prefix) / "share/halvorin/schemas/digital_device_state_chart_schema.json"));
+
     folder.write("source/CMakeLists.txt", project);
     folder.write("source/main.cpp", program);
     folder.write("source/headers.cpp", includesOf(folder / "prefix/include/HalvWidgets"));

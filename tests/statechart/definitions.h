@@ -21,6 +21,24 @@ inline std::shared_ptr<CodeBuilder> deviceCodeBuilder()
     return DDCodeBuilderFactory::createCodeBuilder();
 }
 
+/// What `compile` makes of a definition, with the definition and its outcome in the test's record, as
+/// "accepted" or "refused" and `kind`. The check of the schema reads that record.
+template <class Compile>
+JsonValue recorded(std::string_view kind, std::string_view definition, Compile compile)
+{
+    const auto record = [&](const char* outcome) {
+        testing::Test::RecordProperty(std::string(outcome).append(kind), std::string(definition));
+    };
+    try {
+        JsonValue compiled = compile();
+        record("accepted");
+        return compiled;
+    } catch (...) {
+        record("refused");
+        throw;
+    }
+}
+
 /// A device of one state whose sections, members of the root, are given.
 inline std::string deviceWith(std::string_view sections)
 {

@@ -13,7 +13,9 @@ namespace {
 
 JsonValue compiled(std::string_view definition)
 {
-    return compileDeviceStateChart(jsonOf(definition).asObject(), deviceCodeBuilder());
+    const JsonValue value = jsonOf(definition);
+    return recorded("Definition", definition,
+                    [&] { return compileDeviceStateChart(value.asObject(), deviceCodeBuilder()); });
 }
 
 struct SectionCase

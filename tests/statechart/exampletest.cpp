@@ -1,31 +1,12 @@
 #include "statechart/check/definitioncheck.h"
 #include "statechart/ddstatechartcompiler.h"
 #include "statechart/definitions.h"
+#include "statechart/examples.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <set>
-#include <vector>
 
 namespace {
-
-std::string readText(const std::filesystem::path& path)
-{
-    std::ifstream stream(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(stream), {});
-}
-
-std::vector<std::filesystem::path> definitionsUnder(const char* folder)
-{
-    std::vector<std::filesystem::path> definitions;
-    const std::filesystem::path root = std::filesystem::path(PROJECT_FOLDER) / "examples" / folder;
-    for (const auto& entry : std::filesystem::directory_iterator(root))
-        definitions.push_back(entry.path() / "definition.json");
-    std::sort(definitions.begin(), definitions.end());
-    return definitions;
-}
 
 class ExampleCharts : public testing::TestWithParam<std::filesystem::path>
 {};

@@ -11,7 +11,9 @@ namespace {
 
 JsonValue compiled(std::string_view definition)
 {
-    return StateChartCompiler(deviceCodeBuilder()).compile(jsonOf(definition).asObject());
+    const JsonValue value = jsonOf(definition);
+    return recorded("Chart", definition,
+                    [&] { return StateChartCompiler(deviceCodeBuilder()).compile(value.asObject()); });
 }
 
 struct ChartCase
