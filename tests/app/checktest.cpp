@@ -158,7 +158,7 @@ TEST_F(Check, DoesNotReportDisabledWarnings)
     const ProcessResult result =
         check(withAction(R"("int z; if (1) print(1);")"), {"--disable", "unassigned-variable"});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_THAT(result.output, testing::StartsWith("d.json:2:64: warning: this condition is always true"));
+    EXPECT_THAT(result.output, testing::StartsWith("d.json:2:60: warning: this condition is always true"));
     EXPECT_EQ(check(withAction(R"("int z; if (1) print(1);")"),
                     {"--disable", "unassigned-variable", "--disable", "constant-condition"})
                   .output,

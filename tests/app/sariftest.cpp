@@ -78,8 +78,8 @@ TEST_F(SarifLog, PlacesAResultInCharactersAndInBytes)
               QStringLiteral("'xy': undeclared identifier"));
     const QJsonValue region = placeOf(results[0])[QLatin1String("region")];
     EXPECT_EQ(region[QLatin1String("startLine")].toInt(), 2);
-    EXPECT_EQ(region[QLatin1String("startColumn")].toInt(), 27);
-    EXPECT_EQ(region[QLatin1String("endColumn")].toInt(), 29);
+    EXPECT_EQ(region[QLatin1String("startColumn")].toInt(), 28);
+    EXPECT_EQ(region[QLatin1String("endColumn")].toInt(), 30);
     EXPECT_EQ(region[QLatin1String("byteOffset")].toInt(), 64);
     EXPECT_EQ(region[QLatin1String("byteLength")].toInt(), 2);
     EXPECT_EQ(results[0][QLatin1String("locations")][0][QLatin1String("logicalLocations")][0]
