@@ -68,16 +68,16 @@ TEST_F(Hardening, RefusesADeepDocumentInBoundedMemory)
     EXPECT_THAT(checked.output + checked.error, testing::HasSubstr("deep.json:1:5001: error: "));
 }
 
-TEST_F(Hardening, RefusesADocumentOfTooManyValuesInBoundedMemory)
+TEST_F(Hardening, ReadsADocumentOfNothingButValuesInBoundedMemory)
 {
     std::string text = "[{}";
-    for (int index = 0; index < 20'000'000; ++index)
+    for (int index = 0; index < 10'000'000; ++index)
         text += ",{}";
     folder.write("many.json", text + "]");
     const ProcessResult result = run({"compile", "many.json", "out"});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_THAT(result.error, testing::StartsWith("invalid JSON 'too many values' at line 1 character "));
-    EXPECT_LT(result.peakMemory, megabytes(3000));
+    EXPECT_EQ(result.error, "JSON document is not an object\n");
+    EXPECT_LT(result.peakMemory, megabytes(1200));
 }
 
 TEST_F(Hardening, CompilesADefinitionOfFiftyMegabytesInBoundedMemory)

@@ -12,7 +12,7 @@
 class BlockText
 {
 public:
-    static constexpr std::size_t blockSize = 65536;
+    static constexpr std::size_t blockSize = 32768;
 
     /// Where up to so many bytes can be put next, at most a block of them.
     char* room(std::size_t size)

@@ -15,6 +15,9 @@ bool isDigit(int byte)
     return byte >= '0' && byte <= '9';
 }
 
+// An array that is not worth moving to a place of the right size.
+constexpr std::size_t largeArray = 65536;
+
 bool startsValue(int byte)
 {
     return byte == '"' || byte == '[' || byte == '{' || byte == 'f' || byte == 't' || byte == 'n' ||
@@ -62,8 +65,9 @@ void JsonReader::add(Content&& content)
 
 bool JsonReader::readStart()
 {
-    if (++m_count > jsonMaximumValues)
+    if (m_valuesLeft == 0)
         m_source.fail("too many values");
+    --m_valuesLeft;
     switch (m_source.here()) {
     case '"':
         add(readStringBytes());
@@ -114,7 +118,9 @@ void JsonReader::close()
     const auto [isArray, start] = m_open.back();
     m_open.pop_back();
     const auto offset = static_cast<std::ptrdiff_t>(start);
-    if (isArray) {
+    if (isArray && start == 0 && m_elements.size() >= largeArray) {
+        add(std::exchange(m_elements, {}));
+    } else if (isArray) {
         const auto first = m_elements.begin() + offset;
         JsonArray array(std::make_move_iterator(first), std::make_move_iterator(m_elements.end()));
         m_elements.erase(first, m_elements.end());

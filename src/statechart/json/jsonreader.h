@@ -36,7 +36,7 @@ inline constexpr int jsonMaximumDepth = 5000;
 
 /// The number of values that the reader takes, those in arrays and objects among them. It stands far above
 /// honest documents and keeps hostile ones from filling the memory.
-inline constexpr std::size_t jsonMaximumValues = 20'000'000;
+inline constexpr std::size_t jsonMaximumValues = 50'000'000;
 
 /// @throws JsonException "JSON document is not an object", "JSON document is not an array".
 HALVWIDGETS_EXPORT const JsonObject& asObject(const JsonDocument& document);
@@ -52,7 +52,9 @@ HALVWIDGETS_EXPORT JsonArray asArray(JsonDocument&& document);
 class JsonReader
 {
 public:
-    explicit JsonReader(std::istream& input) : m_source(input) {}
+    explicit JsonReader(std::istream& input, std::size_t maximumValues = jsonMaximumValues)
+        : m_source(input), m_valuesLeft(maximumValues)
+    {}
 
     /// Any value, and the whitespace around it.
     JsonValue readValue();
@@ -103,7 +105,7 @@ private:
     void readEscape();
 
     JsonSource m_source;
-    std::size_t m_count = 0; // of values
+    std::size_t m_valuesLeft;
     std::vector<Container> m_open;
     std::vector<JsonValue> m_elements; // of all open arrays, or the whole value
     std::vector<JsonMember> m_members; // of all open objects

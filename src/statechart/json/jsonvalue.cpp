@@ -1,6 +1,5 @@
 #include "statechart/json/jsonvalue.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -12,24 +11,10 @@ bool operator==(const JsonNumber& left, const JsonNumber& right)
                                                  : left.m_integer == right.m_integer;
 }
 
-bool JsonValue::hasContainers() const
+/// Takes the containers inside this one apart, one after the other, so that depth takes no stack. The last
+/// comes first: memory that is given back in the reverse order of its use is soon whole again.
+void JsonValue::dropContainer() noexcept
 {
-    const auto isFilled = [](const JsonValue& value) {
-        return (value.m_type == Type::array && !value.m_array.empty()) ||
-               (value.m_type == Type::object && !value.m_object.empty());
-    };
-    if (m_type == Type::array)
-        return std::any_of(m_array.begin(), m_array.end(), isFilled);
-    return m_type == Type::object &&
-           std::any_of(m_object.begin(), m_object.end(),
-                       [&](const JsonMember& member) { return isFilled(member.value); });
-}
-
-/// Empties the containers inside this one, one after the other, so that depth takes no stack.
-void JsonValue::dropContainers() noexcept
-{
-    if (!hasContainers())
-        return;
     try {
         std::vector<JsonValue> containers;
         moveContainersTo(containers);
@@ -37,16 +22,27 @@ void JsonValue::dropContainers() noexcept
             JsonValue container(std::move(containers.back()));
             containers.pop_back();
             container.moveContainersTo(containers);
+            container.endContainer();
         }
     } catch (const std::bad_alloc&) {
         // Then the containers destroy each other.
     }
+    endContainer();
+}
+
+void JsonValue::endContainer() noexcept
+{
+    if (m_type == Type::array)
+        m_array.~vector();
+    else
+        m_object.~JsonObject();
+    m_type = Type::null;
 }
 
 void JsonValue::moveContainersTo(std::vector<JsonValue>& values)
 {
     const auto take = [&](JsonValue& value) {
-        if (value.isArray() || value.isObject())
+        if ((value.isArray() && !value.m_array.empty()) || (value.isObject() && !value.m_object.empty()))
             values.push_back(std::move(value));
     };
     if (m_type == Type::array) {

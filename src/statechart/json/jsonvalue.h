@@ -218,8 +218,8 @@ private:
 
     inline void moveHere(JsonValue& other) noexcept;
     inline void drop() noexcept;
-    bool hasContainers() const;
-    void dropContainers() noexcept;
+    void dropContainer() noexcept;
+    void endContainer() noexcept;
     void moveContainersTo(std::vector<JsonValue>& values);
     void copyFlat(const JsonValue& other);
     void copyTree(const JsonValue& other);
@@ -297,14 +297,8 @@ inline void JsonValue::drop() noexcept
         m_string.~basic_string();
         break;
     case Type::array:
-        if (!m_array.empty())
-            dropContainers();
-        m_array.~vector();
-        break;
     case Type::object:
-        if (!m_object.m_members.empty())
-            dropContainers();
-        m_object.~JsonObject();
+        dropContainer();
         break;
     default:
         break;
