@@ -39,7 +39,7 @@ void scanBytes(benchmark::State& state)
         benchmark::DoNotOptimize(spaces);
     }
 }
-BENCHMARK(scanBytes)->Name("typical action, look at each byte (limit of tokenise)");
+BENCHMARK(scanBytes)->Name("tokenise typical action/limit");
 
 void tokeniseAction(benchmark::State& state)
 {
@@ -48,14 +48,14 @@ void tokeniseAction(benchmark::State& state)
         benchmark::DoNotOptimize(tokenise(typicalAction, findings));
     }
 }
-BENCHMARK(tokeniseAction)->Name("typical action, tokenise");
+BENCHMARK(tokeniseAction)->Name("tokenise typical action/halvorin");
 
 void compileAction(benchmark::State& state)
 {
     for (auto _ : state)
         benchmark::DoNotOptimize(builder().compileStatements(typicalAction));
 }
-BENCHMARK(compileAction)->Name("typical action, compile");
+BENCHMARK(compileAction)->Name("compile typical action/halvorin");
 
 void linkAction(benchmark::State& state)
 {
@@ -63,7 +63,7 @@ void linkAction(benchmark::State& state)
     for (auto _ : state)
         benchmark::DoNotOptimize(builder().linkStatements(compiled));
 }
-BENCHMARK(linkAction)->Name("typical action, link");
+BENCHMARK(linkAction)->Name("link typical action/halvorin");
 
 constexpr int rounds = 10000;
 
@@ -78,7 +78,7 @@ void runLinked(benchmark::State& state)
         linked.execute(silent);
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * rounds);
 }
-BENCHMARK(runLinked)->Name("loop of 10000 rounds, linked")->Unit(benchmark::kMicrosecond);
+BENCHMARK(runLinked)->Name("loop/halvorin")->Unit(benchmark::kMicrosecond);
 
 void runNative(benchmark::State& state)
 {
@@ -91,6 +91,6 @@ void runNative(benchmark::State& state)
     }
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * rounds);
 }
-BENCHMARK(runNative)->Name("loop of 10000 rounds, C++ (limit)")->Unit(benchmark::kMicrosecond);
+BENCHMARK(runNative)->Name("loop/native")->Unit(benchmark::kMicrosecond);
 
 } // namespace
