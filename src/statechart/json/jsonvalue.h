@@ -66,12 +66,13 @@ class HALVWIDGETS_EXPORT JsonObject
 public:
     using const_iterator = std::vector<JsonMember>::const_iterator;
 
-    JsonObject() = default;
+    inline JsonObject() noexcept;
     JsonObject(std::initializer_list<JsonMember> members);
     JsonObject(const JsonObject& other);
-    JsonObject(JsonObject&& other) noexcept = default;
-    JsonObject& operator=(const JsonObject& other) { return *this = JsonObject(other); }
-    JsonObject& operator=(JsonObject&& other) noexcept = default;
+    inline JsonObject(JsonObject&& other) noexcept;
+    inline JsonObject& operator=(const JsonObject& other);
+    inline JsonObject& operator=(JsonObject&& other) noexcept;
+    inline ~JsonObject();
 
     std::size_t size() const;
     bool empty() const;
@@ -153,8 +154,8 @@ public:
     JsonValue(const char* value) : JsonValue(std::string_view(value)) {}
     JsonValue(std::string_view value) : m_string(value), m_type(Type::string) {}
     JsonValue(std::string value) noexcept : m_string(std::move(value)), m_type(Type::string) {}
-    JsonValue(JsonArray value) noexcept : m_array(std::move(value)), m_type(Type::array) {}
-    JsonValue(JsonObject value) noexcept : m_object(std::move(value)), m_type(Type::object) {}
+    inline JsonValue(JsonArray value) noexcept;
+    inline JsonValue(JsonObject value) noexcept;
     JsonValue(const JsonValue& other) : JsonValue() { copyTree(other); }
     inline JsonValue(JsonValue&& other) noexcept;
     JsonValue& operator=(const JsonValue& other) { return *this = JsonValue(other); }
@@ -245,6 +246,19 @@ struct JsonMember
 };
 
 // Here, where a member is complete: values are moved and destroyed too often for a call each.
+
+inline JsonObject::JsonObject() noexcept = default;
+inline JsonObject::JsonObject(JsonObject&& other) noexcept = default;
+inline JsonObject& JsonObject::operator=(JsonObject&& other) noexcept = default;
+inline JsonObject::~JsonObject() = default;
+
+inline JsonObject& JsonObject::operator=(const JsonObject& other)
+{
+    return *this = JsonObject(other);
+}
+
+inline JsonValue::JsonValue(JsonArray value) noexcept : m_array(std::move(value)), m_type(Type::array) {}
+inline JsonValue::JsonValue(JsonObject value) noexcept : m_object(std::move(value)), m_type(Type::object) {}
 
 inline JsonValue::JsonValue(JsonValue&& other) noexcept : JsonValue()
 {
