@@ -32,10 +32,13 @@ constexpr bool areFused(FusedOperands operands, OperandKind left, OperandKind ri
 }
 
 /// Whether a code is worth statements of its own: the commoner operands of the commoner types.
-template <class Code, OperandKind left, OperandKind right>
-inline constexpr bool goesIntoStatement = left != OperandKind::literal&& right != OperandKind::computed &&
-                                          (std::is_same_v<typename Code::Operand, std::int32_t> ||
-                                           std::is_same_v<typename Code::Operand, double>);
+template <class Code>
+constexpr bool goesIntoStatement(OperandKind left, OperandKind right)
+{
+    using Operand = typename Code::Operand;
+    return left != OperandKind::literal && right != OperandKind::computed &&
+           (std::is_same_v<Operand, std::int32_t> || std::is_same_v<Operand, double>);
+}
 
 template <bool isForStatement, class Code>
 LinkedExpression nodeOf(Code code)
@@ -73,11 +76,11 @@ LinkedExpression joinedByOperator(ExpressionPointer<Left>& left, ExpressionPoint
                   rightKind == OperandKind::literal && requires { typename WithDivisor<Operator>::Operator; })
         if (const std::int32_t value = takeCode<RightCode>(right).value(); Divisor::fits(value)) {
             using Code = BinaryCode<typename WithDivisor<Operator>::Operator, LeftCode, LiteralCode<Divisor>>;
-            return nodeOf<goesIntoStatement<Code, leftKind, rightKind>>(
+            return nodeOf<goesIntoStatement<Code>(leftKind, rightKind)>(
                 Code(takeCode<LeftCode>(left), LiteralCode<Divisor>(Divisor(value))));
         }
     using Code = BinaryCode<Operator, LeftCode, RightCode>;
-    return nodeOf<goesIntoStatement<Code, leftKind, rightKind>>(
+    return nodeOf<goesIntoStatement<Code>(leftKind, rightKind)>(
         Code(takeCode<LeftCode>(left), takeCode<RightCode>(right)));
 }
 
