@@ -19,8 +19,9 @@ public:
     /// The statement that this decides. Nothing is left here.
     virtual std::unique_ptr<AbstractStatementImpl> branch(BranchParts&& parts) = 0;
 
-    /// The same for a loop; or null, with all left as it was, when this does not go up into a loop.
-    virtual std::unique_ptr<AbstractStatementImpl> loop(LoopParts&& parts) = 0;
+    /// The same for a loop, which takes the parts; or null, and all is as it was, when this does not go up
+    /// into a loop.
+    virtual std::unique_ptr<AbstractStatementImpl> loop(LoopParts& parts) = 0;
 };
 
 /// A code as a node.
@@ -78,7 +79,7 @@ public:
         return std::make_unique<BranchStatement<Code>>(std::move(m_code), std::move(parts));
     }
 
-    std::unique_ptr<AbstractStatementImpl> loop([[maybe_unused]] LoopParts&& parts) override
+    std::unique_ptr<AbstractStatementImpl> loop([[maybe_unused]] LoopParts& parts) override
     {
         // Loops count in int: the other types are not worth the classes.
         if constexpr (std::is_same_v<typename Code::Operand, std::int32_t>)

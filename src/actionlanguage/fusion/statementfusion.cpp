@@ -70,7 +70,7 @@ Statement branch(ExpressionPointer<bool> condition, BranchParts parts)
 Statement loop(ExpressionPointer<bool> condition, LoopParts parts)
 {
     if (auto* fusible = dynamic_cast<ConditionExpression*>(condition.get()))
-        if (Statement own = fusible->loop(std::move(parts)))
+        if (Statement own = fusible->loop(parts))
             return own;
     return withCode(condition, [&]<class Code>(Code code) -> Statement {
         return std::make_unique<LoopStatement<Code>>(std::move(code), std::move(parts));
