@@ -123,10 +123,12 @@ JsonObject StateChartCompiler::compileSubstates(const JsonObject& definition, in
             const std::string path = formatText("substates[\"{}\"]", identifier);
             if (depth >= maximumStateDepth)
                 throw StateChartCompilerException(path, "states are nested too deep");
-            if (!m_nestedStates.insert(identifier).second) {
-                throw StateChartCompilerException(path,
-                                                  formatText("duplicate state identifier: {}", identifier));
-            }
+            m_record.attempt([&] { // what is in the second of a name is compiled all the same
+                if (!m_nestedStates.insert(identifier).second) {
+                    throw StateChartCompilerException(
+                        path, formatText("duplicate state identifier: {}", identifier));
+                }
+            });
             compiled.insert(identifier, within(path, [&] {
                                 return compileState(member.value.asObject(), identifier, depth + 1);
                             }));
@@ -162,10 +164,12 @@ void StateChartCompiler::compileTransitions(const JsonObject& definition, const 
         m_record.attempt([&] {
             const CompileRecord::Step transitionStep = m_record.enter(identifier);
             const std::string path = formatText("transitions[\"{}\"]", identifier);
-            if (!m_transitionIdentifiers.insert(identifier).second) {
-                throw StateChartCompilerException(
-                    path, formatText("duplicate transition identifier: {}", identifier));
-            }
+            m_record.attempt([&] {
+                if (!m_transitionIdentifiers.insert(identifier).second) {
+                    throw StateChartCompilerException(
+                        path, formatText("duplicate transition identifier: {}", identifier));
+                }
+            });
             m_transitions.insert(
                 identifier, within(path, [&] { return compileTransition(member.value.asObject(), source); }));
         });

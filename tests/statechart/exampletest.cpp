@@ -89,7 +89,7 @@ TEST(ExampleChartsWithErrors, AreShownWithTheErrorAndItsWarnings)
     const std::vector<Finding> findings = checkDefinition(definition);
     ASSERT_EQ(findings.size(), 3u);
     EXPECT_EQ(findings[0].severity, Finding::Severity::warning);
-    EXPECT_EQ(findings[0].text, "':': unrecognised character escape sequence");
+    EXPECT_EQ(findings[0].text, R"('\:': unrecognised character escape sequence)");
     EXPECT_EQ(findings[0].path, R"(states["off"].onEntry.[0])");
     EXPECT_EQ(findings[1].severity, Finding::Severity::warning);
     EXPECT_EQ(findings[1].text, "'brightness' is not used");

@@ -6,6 +6,7 @@
 #include "actionlanguage/runtime/executioninterface.h"
 
 #include <algorithm>
+#include <map>
 
 namespace {
 
@@ -29,26 +30,41 @@ bool isIntegerDivision(const SourceNode& node)
            isInteger(node.children.back().type);
 }
 
+/// The variable that a node writes; null for one that writes none.
+const JsonValue* writtenVariable(const SourceNode& node)
+{
+    switch (node.kind) {
+    case Kind::assignment:
+        return &node.form->member("lhs").member("id");
+    case Kind::prefix:
+    case Kind::suffix:
+        return &node.form->member("expr").member("id");
+    default:
+        return nullptr;
+    }
+}
+
 } // namespace
 
-ConstantFolding::ConstantFolding() : m_rules(std::make_unique<const BuildRules>(FunctionRules())) {}
+ConstantFolding::ConstantFolding(FunctionRules pureFunctions)
+{
+    for (const auto& rule : pureFunctions)
+        m_pureFunctions.insert(rule->name());
+    for (const auto& rule : constructFunctionRules()) {
+        if (rule->name() != "print" && rule->name() != "format") // they speak with the one who runs them
+            m_pureFunctions.insert(rule->name());
+    }
+    m_rules = std::make_unique<const BuildRules>(std::move(pureFunctions));
+}
 
 ConstantFolding::~ConstantFolding() = default;
 
-/// Everything of the general library but what speaks with the one who runs it.
-bool ConstantFolding::isPureFunction(std::string_view name) const
-{
-    if (name == "print" || name == "format")
-        return false;
-    static const FunctionRules library = constructFunctionRules();
-    return std::ranges::any_of(library, [&](const auto& rule) { return rule->name() == name; });
-}
-
+/// Of a divisor that is constant.
 bool ConstantFolding::isSafeDivisor(const SourceNode& node) const
 {
     // Neither zero, nor the -1 that the most negative value cannot be divided by.
-    const auto is = [&](auto value) { return value == 0 || value == static_cast<decltype(value)>(-1); };
-    return node.type == DataType::integer && !is(valueOf<std::int32_t>(node));
+    const auto value = node.type == DataType::integer ? valueOf<std::int32_t>(node) : std::nullopt;
+    return value && *value != 0 && *value != -1;
 }
 
 bool ConstantFolding::isConstant(const SourceNode& node) const
@@ -57,7 +73,7 @@ bool ConstantFolding::isConstant(const SourceNode& node) const
     case Kind::literal:
         return true;
     case Kind::call:
-        if (!isPureFunction(node.text))
+        if (!m_pureFunctions.contains(node.text))
             return false;
         break;
     case Kind::cast:
@@ -73,10 +89,14 @@ bool ConstantFolding::isConstant(const SourceNode& node) const
 }
 
 template <class Result>
-Result ConstantFolding::valueOf(const SourceNode& node) const
+std::optional<Result> ConstantFolding::valueOf(const SourceNode& node) const
 {
     Silence silence;
-    return LinkerActual(*m_rules).linkExpression(*node.form).as<Result>().evaluate(silence);
+    try {
+        return LinkerActual(*m_rules).linkExpression(*node.form).as<Result>().evaluate(silence);
+    } catch (const std::exception&) {
+        return std::nullopt; // it would fail whenever it runs
+    }
 }
 
 std::optional<bool> ConstantFolding::truthOf(const SourceNode& node) const
@@ -103,15 +123,42 @@ std::optional<bool> ConstantFolding::truthOf(const SourceNode& node) const
     return valueOf<bool>(node);
 }
 
-bool ConstantFolding::isAlwaysZero(const SourceNode& node) const
+std::optional<std::int32_t> ConstantFolding::intOf(const SourceNode& node) const
+{
+    if (node.type != DataType::integer || !isConstant(node))
+        return std::nullopt;
+    return valueOf<std::int32_t>(node);
+}
+
+bool ConstantFolding::isAlwaysZero(const SourceNode& node, const VariableIds& zeros) const
 {
     if (!isInteger(node.type))
         return false;
+    if (node.kind == Kind::variable)
+        return zeros.contains(node.form->member("id").asString());
+    if (node.kind == Kind::cast)
+        return isAlwaysZero(node.children.front(), zeros);
     if (node.isOperator("*") || node.isOperator("&")) {
         return std::ranges::any_of(node.children,
-                                   [&](const SourceNode& child) { return isAlwaysZero(child); });
+                                   [&](const SourceNode& child) { return isAlwaysZero(child, zeros); });
     }
-    if (!isConstant(node))
-        return false;
-    return node.type == DataType::integer && valueOf<std::int32_t>(node) == 0;
+    return intOf(node) == 0;
+}
+
+VariableIds ConstantFolding::zeroVariablesOf(const SourceNode& tree) const
+{
+    std::map<std::string_view, int> writes;
+    visitSourceTree(tree, [&](const SourceNode& node) {
+        if (const JsonValue* const id = writtenVariable(node))
+            ++writes[id->asString()];
+    });
+    VariableIds zeros;
+    visitSourceTree(tree, [&](const SourceNode& node) {
+        if (node.kind != Kind::assignment || node.text != "=")
+            return;
+        const std::string& id = writtenVariable(node)->asString();
+        if (isInteger(node.type) && writes[id] == 1 && isAlwaysZero(node.children.front(), zeros))
+            zeros.insert(id);
+    });
+    return zeros;
 }

@@ -1,5 +1,6 @@
 #include "statechart/check/chartmodel.h"
 
+#include "actionlanguage/analysis/constantfolding.h"
 #include "statechart/statechartcompiler.h"
 
 #include <algorithm>
@@ -42,10 +43,13 @@ ChartState::Type typeOf(const JsonObject& definition)
     return word == "parallel" ? ChartState::Type::parallel : ChartState::Type::unknown;
 }
 
-bool hasConditions(const JsonObject& transition)
+/// How many conditions a transition states.
+std::size_t conditionCount(const JsonObject& transition)
 {
     const JsonValue* const conditions = transition.find("conditions");
-    return conditions != nullptr && !(conditions->isArray() && conditions->asArray().empty());
+    if (conditions == nullptr)
+        return 0;
+    return conditions->isArray() ? conditions->asArray().size() : 1;
 }
 
 /// The path of a condition up to its transition.
@@ -63,7 +67,13 @@ bool ChartTransition::hasEvent(std::string_view name) const
     return event != nullptr && event->equals(name);
 }
 
-ChartModel::ChartModel(const JsonObject& definition, const std::vector<CheckedText>& texts)
+bool ChartState::hasUnknownTypeWord() const
+{
+    return type == Type::unknown && wordAt(*definition, "type");
+}
+
+ChartModel::ChartModel(const JsonObject& definition, const std::vector<CheckedText>& texts,
+                       const ConstantFolding& folding)
 {
     for (const CheckedText& text : texts) {
         if (text.use == CheckedText::Use::condition)
@@ -78,6 +88,8 @@ ChartModel::ChartModel(const JsonObject& definition, const std::vector<CheckedTe
         if (const auto found = topLevel.find(*start); found != topLevel.end())
             m_start = found->second;
     }
+    for (ChartTransition& transition : m_transitions)
+        addConditions(transition, folding);
     resolve();
     sortTransitions();
 }
@@ -85,19 +97,23 @@ ChartModel::ChartModel(const JsonObject& definition, const std::vector<CheckedTe
 std::optional<std::size_t> ChartModel::addState(const JsonMember& member, const JsonPath& parentPath,
                                                 std::optional<std::size_t> parent, int depth)
 {
-    if (!member.value.isObject() || depth > StateChartCompiler::maximumStateDepth)
+    if (!member.value.isObject() || depth > StateChartCompiler::maximumStateDepth) {
+        m_leftOut.insert(member.key);
         return std::nullopt;
+    }
     const JsonObject& definition = member.value.asObject();
     const std::size_t state = m_states.size();
-    m_states.push_back({.identifier = member.key,
-                        .path = below(parentPath, parent ? "substates" : "states", member.key),
-                        .type = typeOf(definition),
-                        .parent = parent,
-                        .children = {},
-                        .initial = {},
-                        .transitions = {}});
-    if (m_states[state].type == ChartState::Type::compound ||
-        m_states[state].type == ChartState::Type::parallel)
+    m_states.push_back(
+        {.identifier = member.key,
+         .path = below(parentPath, parent ? "substates" : "states", member.key),
+         .definition = &definition,
+         .type = typeOf(definition),
+         .isRead = !parent || (m_states[*parent].isRead && !m_states[*parent].hasUnknownTypeWord()),
+         .parent = parent,
+         .children = {},
+         .initial = {},
+         .transitions = {}});
+    if (m_states[state].type != ChartState::Type::atomic) // others may have been meant to have some
         addChildren(state, definition, depth);
     addTransitions(state, definition);
     m_names.emplace(member.key, state); // behind its children: a nested state hides a later one of its name
@@ -131,13 +147,29 @@ void ChartModel::addTransitions(std::size_t state, const JsonObject& definition)
                               .source = state,
                               .target = {},
                               .order = {},
-                              .hasConditions = hasConditions(transition),
-                              .conditions = {}};
+                              .holding = Holding::always,
+                              .conditions = {},
+                              .areConditionsKnown = true};
         if (order != nullptr && order->isInt())
             model.order = order->asInt();
-        if (const auto conditions = m_conditions.find(model.path); conditions != m_conditions.end())
-            model.conditions = conditions->second;
         m_transitions.push_back(std::move(model));
+    }
+}
+
+void ChartModel::addConditions(ChartTransition& transition, const ConstantFolding& folding) const
+{
+    if (const auto conditions = m_conditions.find(transition.path); conditions != m_conditions.end())
+        transition.conditions = conditions->second;
+    transition.areConditionsKnown = transition.conditions.size() == conditionCount(*transition.definition);
+    transition.holding = transition.areConditionsKnown ? Holding::always : Holding::sometimes;
+    for (const CheckedText* condition : transition.conditions) {
+        const std::optional<bool> truth = folding.truthOf(condition->tree);
+        if (truth == false) {
+            transition.holding = Holding::never;
+            return;
+        }
+        if (!truth)
+            transition.holding = Holding::sometimes;
     }
 }
 

@@ -14,7 +14,7 @@
 
 enum class NameKind
 {
-    unknown, ///< a terminal that is neither pin nor bus: the compiler tells of it
+    unknown, ///< a terminal that is no pin, no bus, or both an input and an output: the compiler tells of it
     inputPin,
     inputBus,
     outputPin,
@@ -33,6 +33,7 @@ struct DeclaredName
     std::optional<std::int32_t> width; ///< of a bus
     bool isUsed = false;
     bool isDriven = false;
+    bool isBroken = false; ///< the compiler tells of it: nothing more is to be said of its declaration
 };
 
 /// Whether a name of this kind can be used in that way. What is not known fits all.
@@ -41,7 +42,10 @@ bool fits(NameKind kind, NameRole role);
 /// "an input pin"
 std::string_view describe(NameKind kind);
 
-/// "variable" or "parameter"
+bool isInput(NameKind kind);
+bool isOutput(NameKind kind);
+
+/// "input", "output", "variable" or "parameter"
 std::string_view describeSection(NameKind kind);
 
 /// The names of a definition, as far as it is right: pins and buses in one namespace, parameters and
@@ -55,6 +59,10 @@ public:
 
     /// The name of this spelling in the namespace of a role; null when there is none.
     DeclaredName* find(std::string_view identifier, NameRole role);
+
+    /// Whether all names of the namespace of a role are known: not when one of its sections is missing or
+    /// wrong.
+    bool isComplete(NameRole role) const;
 
     /// Marks all names that fit a role.
     void useAny(NameRole role);
@@ -72,10 +80,14 @@ public:
     const std::deque<DeclaredName>& all() const { return m_names; }
 
 private:
-    using Namespace = std::unordered_map<std::string_view, DeclaredName*>;
+    struct Namespace
+    {
+        std::unordered_map<std::string_view, DeclaredName*> names;
+        bool isComplete = true;
+    };
 
     void addSection(const JsonObject& definition, std::string_view section, Namespace& names);
-    Namespace& namespaceOf(NameRole role);
+    const Namespace& namespaceOf(NameRole role) const;
 
     std::deque<DeclaredName> m_names;
     DeclaredName m_outputDelay;

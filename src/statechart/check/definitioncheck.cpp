@@ -1,34 +1,51 @@
 #include "statechart/check/definitioncheck.h"
 
 #include "actionlanguage/analysis/constantfolding.h"
+#include "actionlanguage/analysis/escapeplaces.h"
 #include "statechart/check/failurewords.h"
 #include "statechart/check/lints.h"
 #include "statechart/ddcodebuilderfactory.h"
 #include "statechart/ddstatechartcompiler.h"
+#include "statechart/devicefunctions.h"
 #include "statechart/json/jsonreader.h"
 
+#include <algorithm>
+#include <optional>
 #include <sstream>
 #include <utility>
 
 namespace {
 
-constexpr auto lints = {lintStates, lintTransitions, lintEndlessTransitions, lintNames, lintExpressions};
+constexpr std::string_view numberCharacters = "+-.0123456789Ee";
 
-FindingKind kindOf(LanguageWarning warning)
+constexpr auto lints = {lintStates, lintTransitions, lintEndlessTransitions,
+                        lintNames,  lintExpressions, lintNumbers};
+
+void addUnknownEscape(const Diagnostic& warning, const EscapePlaces& places, const ActionText& text,
+                      FindingReport& report)
 {
-    return warning == LanguageWarning::unrecognisedEscape ? FindingKind::unknownEscape
-                                                          : FindingKind::unassignedVariable;
+    const SourceSpan span = places.placeOf(warning.position);
+    report.addInText(
+        {FindingKind::unknownEscape, warningText(warning.code, blamedText(text.source, span)), warning.code},
+        text, span);
 }
 
 void addWarnings(const CompileRecord& record, FindingReport& report)
 {
     for (const CompileRecord::CompiledText& compiled : record.texts()) {
+        const ActionText& text = compiled.text;
+        std::optional<EscapePlaces> places;
         for (const Diagnostic& warning : compiled.warnings) {
+            if (static_cast<LanguageWarning>(warning.code) == LanguageWarning::unrecognisedEscape) {
+                if (!places)
+                    places.emplace(text.source);
+                addUnknownEscape(warning, *places, text, report);
+                continue;
+            }
             const SourceSpan span{warning.position, warning.length};
-            report.addInText({kindOf(static_cast<LanguageWarning>(warning.code)),
-                              warningText(warning.code, blamedText(compiled.text.source, span)),
-                              warning.code},
-                             compiled.text, span);
+            report.addInText({FindingKind::unassignedVariable,
+                              warningText(warning.code, blamedText(text.source, span)), warning.code},
+                             text, span);
         }
     }
 }
@@ -48,6 +65,27 @@ void addFailures(const CompileRecord& record, FindingReport& report)
     }
 }
 
+/// The one device function whose value depends on nothing but its argument.
+FunctionRules pureDeviceFunctions()
+{
+    FunctionRules rules = constructDeviceFunctionRules();
+    std::erase_if(rules, [](const auto& rule) { return rule->name() != "etod"; });
+    return rules;
+}
+
+/// The reader stops behind what is wrong with a number out of range: then that is blamed, from its start.
+JsonRange blamedRange(const JsonReadException& failure, std::string_view definition)
+{
+    const auto offset = static_cast<std::size_t>(failure.position());
+    if (failure.reason() != "invalid number")
+        return {offset, offset < definition.size() ? 1u : 0u};
+    const std::size_t end = std::min(offset, definition.size());
+    std::size_t start = end;
+    while (start > 0 && numberCharacters.find(definition[start - 1]) != std::string_view::npos)
+        --start;
+    return {start, end - start};
+}
+
 void checkDevice(const JsonObject& definition, FindingReport& report)
 {
     DDStateChartCompiler compiler(DDCodeBuilderFactory::createCodeBuilder(), OnFailure::goOn);
@@ -57,8 +95,8 @@ void checkDevice(const JsonObject& definition, FindingReport& report)
     addWarnings(record, report);
 
     const std::vector<CheckedText> texts = checkedTextsOf(record);
-    const ChartModel chart(definition, texts);
-    const ConstantFolding folding;
+    const ConstantFolding folding(pureDeviceFunctions());
+    const ChartModel chart(definition, texts, folding);
     for (const auto lint : lints)
         lint({definition, texts, record.failures(), chart, folding}, report);
 }
@@ -73,9 +111,8 @@ std::vector<Finding> checkDefinition(std::string_view definition, const FindingR
         const JsonDocument document = readDocument(stream);
         checkDevice(asObject(document), report);
     } catch (const JsonReadException& failure) {
-        const auto offset = static_cast<std::size_t>(failure.position());
         report.addAtOffset({FindingKind::invalidJson, JsonLineNumberReadException(failure, stream).what()},
-                           {offset, offset < definition.size() ? 1u : 0u});
+                           blamedRange(failure, definition));
     } catch (const JsonException& failure) {
         report.addAt({FindingKind::invalidJson, failure.what()}, {});
     }

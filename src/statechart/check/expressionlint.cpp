@@ -61,7 +61,8 @@ class ExpressionLint
 {
 public:
     ExpressionLint(const CheckedText& checked, const ConstantFolding& folding, FindingReport& report)
-        : m_checked(checked), m_folding(folding), m_report(report)
+        : m_checked(checked), m_folding(folding), m_zeros(folding.zeroVariablesOf(checked.tree)),
+          m_report(report)
     {}
 
     void lint()
@@ -91,7 +92,7 @@ private:
 
     void lintDivisor(const SourceNode& division, const SourceNode& divisor)
     {
-        if (m_folding.isAlwaysZero(divisor)) {
+        if (m_folding.isAlwaysZero(divisor, m_zeros)) {
             add(FindingKind::divisionByZero, formatText("'{}': the divisor is always zero", division.text),
                 divisor.extent);
         }
@@ -134,6 +135,7 @@ private:
 
     const CheckedText& m_checked;
     const ConstantFolding& m_folding;
+    VariableIds m_zeros;
     FindingReport& m_report;
 };
 

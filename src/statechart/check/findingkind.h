@@ -22,6 +22,7 @@ enum class FindingKind : std::uint32_t
     unreachableState,
     unknownTarget,
     targetInsideSource,
+    invalidOrder,
     shadowedTransition,
     endlessTransitions,
     unknownEvent,

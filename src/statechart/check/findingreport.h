@@ -39,6 +39,10 @@ public:
     /// About a piece of an action text, or all of it. `positionUnknown` stands for its end.
     void addInText(const Words& words, const ActionText& text, const std::optional<SourceSpan>& span);
 
+    /// The text of the definition, and where the value at a path stands in it.
+    std::string_view definition() const { return m_definition; }
+    JsonLocation locate(const JsonPath& path) { return locator().locate(path); }
+
     /// The findings in the order of the text.
     std::vector<Finding> take();
 

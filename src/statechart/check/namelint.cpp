@@ -1,9 +1,9 @@
-#include "actionlanguage/tokens/compilationexception.h"
-#include "actionlanguage/tokens/tokeniser.h"
+#include "actionlanguage/analysis/constantfolding.h"
 #include "statechart/check/declaredname.h"
 #include "statechart/check/lints.h"
 #include "statechart/check/namehints.h"
 #include "statechart/check/namingfunction.h"
+#include "statechart/check/unreadnames.h"
 #include "statechart/text/format.h"
 
 #include <algorithm>
@@ -31,26 +31,13 @@ public:
         }
         for (const CompileRecord::Failure& failure : m_checked.failures) {
             if (failure.text)
-                useNamesIn(failure.text->source);
+                useNamesIn(failure.text->source, m_names);
         }
+        useNamesInUnreadStates(m_checked.chart, m_names);
         reportUnused();
     }
 
 private:
-    /// What a text that does not compile would do with a name is not known: any string may be one.
-    void useNamesIn(std::string_view source)
-    {
-        try {
-            std::vector<Diagnostic> findings;
-            for (const Token& token : tokenise(source, findings)) {
-                if (token.is(LiteralKind::string) && token.text().size() >= 2)
-                    m_names.useEverywhere(token.text().substr(1, token.text().size() - 2));
-            }
-        } catch (const TokeniserAllocationFailure&) {
-            m_names.useAll();
-        }
-    }
-
     void lintCall(const NamingFunction& function, const SourceNode& call)
     {
         const SourceNode& argument = call.children.front();
@@ -60,10 +47,12 @@ private:
         }
         DeclaredName* const name = m_names.find(argument.text, function.role);
         if (name == nullptr) {
-            m_report.addInText(undeclared(argument.text, function.role), *m_text, argument.token);
+            if (m_names.isComplete(function.role))
+                m_report.addInText(undeclared(argument.text, function.role), *m_text, argument.token);
             return;
         }
         name->isUsed = true;
+        name->isDriven = name->isDriven || drives(function.role); // or was meant to be, the wrong way
         if (!fits(name->kind, function.role)) {
             const FindingReport::Words words{FindingKind::wrongKind,
                                              formatText("'{}' is {}; '{}' takes {}", name->identifier,
@@ -72,8 +61,6 @@ private:
             m_report.addInText(words, *m_text, argument.token);
             return;
         }
-        if (drives(function.role))
-            name->isDriven = true;
         lintType(function, *name, call);
         lintIndex(function, *name, call);
     }
@@ -86,9 +73,20 @@ private:
                            m_hints.hintFor(identifier, candidates))};
     }
 
+    /// The type that a call takes the named thing to have.
+    static DataType usedType(const NamingFunction& function, const SourceNode& call)
+    {
+        if (function.setsVariable)
+            return call.children.back().type;
+        if (!function.writesBus || call.children.size() < 2)
+            return function.type;
+        const DataType written = call.children[1].type; // an int fits every bus
+        return written == DataType::integer ? DataType::unknown : written;
+    }
+
     void lintType(const NamingFunction& function, const DeclaredName& name, const SourceNode& call)
     {
-        const DataType used = function.setsVariable ? call.children.back().type : function.type;
+        const DataType used = usedType(function, call);
         if (used == DataType::unknown || !name.type || name.type == used)
             return;
         const FindingReport::Words words{FindingKind::wrongType,
@@ -101,54 +99,55 @@ private:
     {
         if (!function.hasIndex || !name.width || call.children.size() < 2)
             return;
-        const SourceNode& index = call.children[1];
-        const bool isNumber = index.kind == SourceNodeKind::literal && index.form->isInt();
-        if (!isNumber || index.form->asInt() < *name.width)
+        const std::optional<std::int32_t> index = m_checked.folding.intOf(call.children[1]);
+        if (!index || (*index >= 0 && *index < *name.width))
             return;
-        const FindingReport::Words words{FindingKind::indexOutOfRange,
-                                         formatText("'{}' has no pin {}: it is {} wide", name.identifier,
-                                                    index.form->asInt(), *name.width)};
-        m_report.addInText(words, *m_text, index.extent);
+        const FindingReport::Words words{
+            FindingKind::indexOutOfRange,
+            formatText("'{}' has no pin {}: it is {} wide", name.identifier, *index, *name.width)};
+        m_report.addInText(words, *m_text, call.children[1].extent);
     }
 
     void reportUnused()
     {
-        const bool reactsToAnyInput = hasChangeThatNamesNoInput();
+        const bool reactsToAnyInput = hasChangeOfAnyInput();
         for (const DeclaredName& name : m_names.all()) {
-            const bool isInput = name.kind == NameKind::inputPin || name.kind == NameKind::inputBus;
-            const bool isOutput = name.kind == NameKind::outputPin || name.kind == NameKind::outputBus;
-            if (isOutput && !name.isDriven) {
+            if (name.isBroken)
+                continue;
+            if (isOutput(name.kind) && !name.isDriven) {
                 m_report.addAtKey({FindingKind::undrivenOutput,
                                    formatText("'{}': no action drives this output", name.identifier)},
                                   name.path);
-            } else if (!isOutput && !name.isUsed && !(isInput && reactsToAnyInput)) {
-                m_report.addAtKey({FindingKind::unusedDeclaration,
-                                   formatText("'{}': no action uses this {}", name.identifier,
-                                              isInput ? "input" : describeSection(name.kind))},
-                                  name.path);
+            } else if (!isOutput(name.kind) && !name.isUsed && !(isInput(name.kind) && reactsToAnyInput)) {
+                m_report.addAtKey(
+                    {FindingKind::unusedDeclaration,
+                     formatText("'{}': no action uses this {}", name.identifier, describeSection(name.kind))},
+                    name.path);
             }
         }
     }
 
-    /// A "change" that asks for no pin or bus happens with every input: then none of them is without use.
-    bool hasChangeThatNamesNoInput() const
+    /// A "change" happens with every input. Unless its conditions ask for the edge of one, the others count,
+    /// too, whatever levels they ask for.
+    bool hasChangeOfAnyInput() const
     {
         return std::ranges::any_of(m_checked.chart.transitions(), [](const ChartTransition& transition) {
             return transition.hasEvent("change") &&
                    std::ranges::none_of(transition.conditions,
-                                        [](const CheckedText* text) { return readsTerminal(text->tree); });
+                                        [](const CheckedText* text) { return asksForEdge(text->tree); });
         });
     }
 
-    static bool readsTerminal(const SourceNode& condition)
+    /// Whether a condition can only hold at the edge of some pin.
+    static bool asksForEdge(const SourceNode& condition)
     {
-        bool result = false;
-        visitSourceTree(condition, [&](const SourceNode& node) {
-            const NamingFunction* const function =
-                node.kind == SourceNodeKind::call ? namingFunctionOf(node.text) : nullptr;
-            result = result || (function != nullptr && isTerminal(function->role));
-        });
-        return result;
+        if (condition.isOperator("&&"))
+            return asksForEdge(condition.children.front()) || asksForEdge(condition.children.back());
+        if (condition.isOperator("||"))
+            return asksForEdge(condition.children.front()) && asksForEdge(condition.children.back());
+        const NamingFunction* const function =
+            condition.kind == SourceNodeKind::call ? namingFunctionOf(condition.text) : nullptr;
+        return function != nullptr && function->role == NameRole::eventPin;
     }
 
     const CheckedDefinition& m_checked;

@@ -21,7 +21,7 @@ constexpr auto functions = std::to_array<NamingFunction>({
     {.name = "getParameter_double", .role = Role::parameter, .type = DataType::real},
     {.name = "readBus_int64_t", .role = Role::bus, .type = DataType::integer64},
     {.name = "readBus_uint64_t", .role = Role::bus, .type = DataType::unsigned64},
-    {.name = "writeBus", .role = Role::drivenBus},
+    {.name = "writeBus", .role = Role::drivenBus, .writesBus = true},
     {.name = "isPinHigh", .role = Role::pin},
     {.name = "isPinLow", .role = Role::pin},
     {.name = "isBusPinHigh", .role = Role::bus, .hasIndex = true},

@@ -25,6 +25,7 @@ struct NamingFunction
     DataType type = DataType::unknown; ///< that the function takes the named thing to have
     bool hasIndex = false;             ///< its second argument is the number of a pin of the bus
     bool setsVariable = false;         ///< its last argument is the value: that one's type counts
+    bool writesBus = false;            ///< its second argument is
 };
 
 /// The function of this name; null when it names nothing.

@@ -1,4 +1,5 @@
 #include "statechart/check/lints.h"
+#include "statechart/check/transitionshadows.h"
 #include "statechart/text/format.h"
 
 #include <algorithm>
@@ -7,12 +8,14 @@ namespace {
 
 using Type = ChartState::Type;
 
-/// Follows a chart the way that its run-time does, taking every transition for possible.
+/// Follows a chart the way that its run-time does, taking every transition for possible that no other one
+/// stands in front of.
 class Reachability
 {
 public:
     explicit Reachability(const ChartModel& chart)
-        : m_chart(chart), m_isEntered(chart.states().size()), m_isActive(chart.states().size())
+        : m_chart(chart), m_shadows(transitionShadows(chart)), m_isEntered(chart.states().size()),
+          m_isActive(chart.states().size())
     {}
 
     void startAt(std::size_t state)
@@ -25,7 +28,7 @@ public:
         }
     }
 
-    bool isActive(std::size_t state) const { return m_isActive[state]; }
+    bool isReached(std::size_t state) const { return m_isEntered[state] || m_isActive[state]; }
 
 private:
     void enter(std::size_t index)
@@ -33,12 +36,25 @@ private:
         if (m_isEntered[index])
             return;
         m_isEntered[index] = true;
-        activate(index);
         const ChartState& state = m_chart.states()[index];
-        if (state.type == Type::parallel)
-            m_open.insert(m_open.end(), state.children.begin(), state.children.end());
-        else if (state.initial)
+        const bool isLeaf = state.type == Type::atomic || state.type == Type::unknown;
+        if (isLeaf) // others are active with a descendant only
+            activate(index);
+        if (isLeftOnEntry(state))
+            return;
+        if (state.type == Type::compound && state.initial)
             m_open.push_back(*state.initial);
+        else // which child is entered is not known where "initial" is wrong
+            m_open.insert(m_open.end(), state.children.begin(), state.children.end());
+    }
+
+    /// A transition without event that always holds keeps the substates from being entered.
+    bool isLeftOnEntry(const ChartState& state) const
+    {
+        return std::ranges::any_of(state.transitions, [&](std::size_t transition) {
+            const ChartTransition& each = m_chart.transitions()[transition];
+            return !each.hasEvent() && each.holding == Holding::always && each.target;
+        });
     }
 
     /// A state is active with any of its descendants, even one that was entered directly.
@@ -47,13 +63,15 @@ private:
         for (; index && !m_isActive[*index]; index = m_chart.states()[*index].parent) {
             m_isActive[*index] = true;
             for (const std::size_t transition : m_chart.states()[*index].transitions) {
-                if (const auto target = m_chart.transitions()[transition].target)
+                const std::optional<std::size_t> target = m_chart.transitions()[transition].target;
+                if (target && !m_shadows[transition])
                     m_open.push_back(*target);
             }
         }
     }
 
     const ChartModel& m_chart;
+    std::vector<std::optional<std::size_t>> m_shadows;
     std::vector<bool> m_isEntered;
     std::vector<bool> m_isActive;
     std::vector<std::size_t> m_open;
@@ -67,8 +85,8 @@ void reportUnreachable(const ChartModel& chart, FindingReport& report)
     reachability.startAt(*chart.start());
     for (std::size_t i = 0; i < chart.states().size(); ++i) {
         const ChartState& state = chart.states()[i];
-        const bool isInside = state.parent && !reachability.isActive(*state.parent); // told of its parent
-        if (!reachability.isActive(i) && !isInside) {
+        const bool isInside = state.parent && !reachability.isReached(*state.parent); // told of its parent
+        if (!reachability.isReached(i) && !isInside) {
             report.addAtKey({FindingKind::unreachableState,
                              formatText("'{}': nothing leads to this state", state.identifier)},
                             state.path);
@@ -81,7 +99,7 @@ void reportUnreachable(const ChartModel& chart, FindingReport& report)
 void lintStates(const CheckedDefinition& checked, FindingReport& report)
 {
     for (const ChartState& state : checked.chart.states()) {
-        if (state.type != Type::unknown)
+        if (!state.hasUnknownTypeWord())
             continue;
         JsonPath path = state.path;
         path.emplace_back("type");

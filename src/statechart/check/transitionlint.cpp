@@ -1,16 +1,15 @@
 #include "statechart/check/lints.h"
 #include "statechart/check/namehints.h"
+#include "statechart/check/transitionshadows.h"
 #include "statechart/text/format.h"
 
 #include <algorithm>
 #include <array>
-#include <unordered_map>
 
 namespace {
 
 constexpr std::array<std::string_view, 2> deviceEvents{"change", "wake"};
 constexpr std::array<const char*, 2> timeKeys{"wakeTime", "wakeTimeCalc"};
-constexpr std::string_view noEvent("\0none", 5); // no string of a definition that names an event
 
 JsonPath memberOf(const ChartTransition& transition, std::string_view key)
 {
@@ -19,12 +18,14 @@ JsonPath memberOf(const ChartTransition& transition, std::string_view key)
     return path;
 }
 
-void lintTarget(const ChartTransition& transition, const std::vector<std::string_view>& stateNames,
-                NameHints& hints, FindingReport& report)
+void lintTarget(const ChartModel& chart, const ChartTransition& transition,
+                const std::vector<std::string_view>& stateNames, NameHints& hints, FindingReport& report)
 {
     const JsonValue* const target = transition.definition->find("target");
     if (transition.target || target == nullptr)
         return;
+    if (target->isString() && chart.isState(target->asString()))
+        return; // what is wrong is that state
     std::string text = "the target of a transition is the identifier of a state";
     if (target->isString()) {
         text = formatText("'{}': no such state{}", target->asString(),
@@ -89,27 +90,30 @@ void lintTime(const ChartTransition& transition, FindingReport& report)
     }
 }
 
-/// Of the transitions of a state, by order, each that comes behind one of the same event without conditions.
-/// Wakes do not compete: each is a transition's own.
-void lintShadows(const ChartModel& chart, const ChartState& state, FindingReport& report)
+/// The compiler copies any value; who loads the device wants an integer.
+void lintOrder(const ChartTransition& transition, FindingReport& report)
 {
-    std::unordered_map<std::string_view, const ChartTransition*> unconditional; // the first, by event
-    for (const std::size_t index : state.transitions) {
-        const ChartTransition& transition = chart.transitions()[index];
-        const JsonValue* const event = transition.definition->find("event");
-        const bool isComparable = event == nullptr || event->isString();
-        if (!isComparable || !transition.order || transition.hasEvent("wake"))
+    if (transition.order || !transition.definition->contains("order"))
+        return;
+    report.addAt({FindingKind::invalidOrder, "the order of a transition is an integer"},
+                 memberOf(transition, "order"));
+}
+
+void lintShadows(const ChartModel& chart, FindingReport& report)
+{
+    const std::vector<std::optional<std::size_t>> shadows = transitionShadows(chart);
+    for (std::size_t i = 0; i < shadows.size(); ++i) {
+        if (!shadows[i])
             continue;
-        const std::string_view name = event == nullptr ? noEvent : std::string_view(event->asString());
-        const auto first = unconditional.find(name);
-        if (first != unconditional.end() && *first->second->order < *transition.order) {
-            report.addAtKey({FindingKind::shadowedTransition,
-                             formatText("'{}' is never taken: '{}' comes first and has no conditions",
-                                        transition.identifier, first->second->identifier)},
-                            transition.path);
-        } else if (first == unconditional.end() && !transition.hasConditions) {
-            unconditional.emplace(name, &transition);
-        }
+        const ChartTransition& first = chart.transitions()[*shadows[i]];
+        const ChartTransition& transition = chart.transitions()[i];
+        report.addAtKey(
+            {FindingKind::shadowedTransition,
+             formatText(first.conditions.empty()
+                            ? "'{}' is never taken: '{}' comes first and has no conditions"
+                            : "'{}' is never taken: '{}' comes first and its conditions always hold",
+                        transition.identifier, first.identifier)},
+            transition.path);
     }
 }
 
@@ -122,11 +126,11 @@ void lintTransitions(const CheckedDefinition& checked, FindingReport& report)
         stateNames.push_back(state.identifier);
     NameHints hints;
     for (const ChartTransition& transition : checked.chart.transitions()) {
-        lintTarget(transition, stateNames, hints, report);
+        lintTarget(checked.chart, transition, stateNames, hints, report);
+        lintOrder(transition, report);
         lintInside(checked.chart, transition, report);
         lintEvent(transition, hints, report);
         lintTime(transition, report);
     }
-    for (const ChartState& state : checked.chart.states())
-        lintShadows(checked.chart, state, report);
+    lintShadows(checked.chart, report);
 }

@@ -71,6 +71,13 @@ std::string withRoot(std::string_view members)
     return std::string(R"({"states": {"a": {"type": "atomic"}}, "start": "a", )").append(members).append("}");
 }
 
+std::string withVariable(std::string_view members)
+{
+    return withRoot(std::string(R"("outputs": {}, "outputDelay": 1, "variables": {"v": {"é": 1, )")
+                        .append(members)
+                        .append("}}"));
+}
+
 const std::vector<CheckCase> actionTexts{
     {"anUndeclaredIdentifier", withState(R"("onEntry": "«x» = 1;")"), error, 30, "'x': undeclared identifier",
      R"(states["a"].onEntry)"},
@@ -111,8 +118,17 @@ const std::vector<CheckCase> actionTexts{
      "unexpected end of file found in comment", R"(states["a"].transitions["t"].wakeTimeCalc)"},
     {"anUnusedVariable", withState(R"("onEntry": "int «x»;")"), warning, 6, "'x' is not used",
      R"(states["a"].onEntry)"},
-    {"anUnrecognisedEscape", withState(R"("onEntry": ["", "print(\"a«\\»q\");"])"), warning, 7,
-     R"('\': unrecognised character escape sequence)", R"(states["a"].onEntry.[1])"},
+    {"anUnrecognisedEscape", withState(R"("onEntry": ["", "print(\"a«\\q»\");"])"), warning, 7,
+     R"('\q': unrecognised character escape sequence)", R"(states["a"].onEntry.[1])"},
+    {"anUnrecognisedEscapeBehindOtherText", withState(R"("onEntry": "print(\"aaaa«\\q»bb\\n\");")"), warning,
+     7, R"('\q': unrecognised character escape sequence)", R"(states["a"].onEntry)"},
+    {"anUnrecognisedEscapeInMultiByteText",
+     withState("\"onEntry\": \"print(\\\"é\\\"); print(\\\"ééé«\\\\ß»\\\");\""), warning, 7,
+     "'\\ß': unrecognised character escape sequence", R"(states["a"].onEntry)"},
+    {"anUnrecognisedEscapeInACharacter", withState(R"("onEntry": "char c = '«\\q»'; c;")"), warning, 7,
+     R"('\q': unrecognised character escape sequence)", R"(states["a"].onEntry)"},
+    {"anUnrecognisedEscapeInAWakeTime", withTransition(R"("event": "wake", "wakeTime": "1n«\\q»s")"), warning,
+     7, R"('\q': unrecognised character escape sequence)", R"(states["a"].transitions["t"].wakeTime)"},
 };
 INSTANTIATE_TEST_SUITE_P(ActionTexts, DefinitionCheck, testing::ValuesIn(actionTexts));
 
@@ -158,6 +174,25 @@ const std::vector<CheckCase> structures{
     {"aWrongInitial", withRoot(R"("outputs": {"q": {"type": "pin", "initial": «"High"»}})"), error,
      std::nullopt, R"(output must have "initial" property that is either "0" or "1")",
      R"(outputs["q"].initial)"},
+    {"anOutputDelayThatIsNoNumber", withRoot(R"("outputs": {}, "outputDelay": «true»)"), error, std::nullopt,
+     R"(invalid value of "outputDelay")", "outputDelay"},
+    {"anOutputDelayReplacedByAnotherType", withRoot(R"("outputs": {}, "outputDelay": 1,
+         "parameters": {«"OUTPUT_DELAY"»: {"type": "int64_t", "value": 1}})"),
+     error, std::nullopt, "OUTPUT_DELAY parameter must be of type 'double'", R"(parameters["OUTPUT_DELAY"])"},
+    {"actionsOfAWrongForm", withTransition(R"("é": 1, «"actions"»: {})"), error, std::nullopt,
+     "invalid format for 'actions' definition", R"(states["a"].transitions["t"].actions)"},
+    {"conditionsOfAWrongForm", withTransition(R"("é": 1, "conditions": «false»)"), error, std::nullopt,
+     "invalid format for 'conditions' definition", R"(states["a"].transitions["t"].conditions)"},
+    {"aVariableOfDoubleThatIsNoNumber", withVariable(R"("type": "double", "value": «true»)"), error,
+     std::nullopt, "double variable requires numeric value", R"(variables["v"].value)"},
+    {"aVariableOfStringThatIsNoText", withVariable(R"("type": "string", "value": «1»)"), error, std::nullopt,
+     "string variable requires string value", R"(variables["v"].value)"},
+    {"aVariableOfBoolThatIsNoTruth", withVariable(R"("type": "bool", "value": «"true"»)"), error,
+     std::nullopt, "bool variable requires boolean value", R"(variables["v"].value)"},
+    {"aVariableOfInt64ThatIsNoInteger", withVariable(R"("type": "int64_t", "value": «1.0»)"), error,
+     std::nullopt, "int64_t variable requires int64_t value", R"(variables["v"].value)"},
+    {"aVariableOfUint64ThatIsNoInteger", withVariable(R"("type": "uint64_t", "value": «"1"»)"), error,
+     std::nullopt, "uint64_t variable requires uint64_t value", R"(variables["v"].value)"},
     {"anOutputDelayOf0", withRoot(R"("outputs": {}, "outputDelay": «"0p"»)"), error, std::nullopt,
      "OUTPUT_DELAY parameter cannot be '0'", "outputDelay"},
     {"anOutputDelayReplacedByOneOf0", withRoot(R"("outputs": {}, "outputDelay": 1,
@@ -175,6 +210,12 @@ const std::vector<CheckCase> structures{
     {"aDocumentThatIsANumber", " «12»", error, std::nullopt, "invalid type for JSON document", ""},
     {"aSyntaxError", "{\"a\": 1,\n \"b\": «x»}", error, std::nullopt,
      "invalid JSON 'expected value' at line 2 character 7", ""},
+    {"anIntegerOutOfRange", "{\"é\": 1, \"outputDelay\": «2147483648»}", error, std::nullopt,
+     "invalid JSON 'invalid number' at line 1 character 36", ""},
+    {"aNegativeIntegerOutOfRange", "[1,\n «-2147483649»]", error, std::nullopt,
+     "invalid JSON 'invalid number' at line 2 character 13", ""},
+    {"aNumberWithoutDigits", "[1, -«x»]", error, std::nullopt,
+     "invalid JSON 'expected number 0-9' at line 1 character 6", ""},
     {"anEmptyText", "«»", error, std::nullopt, "invalid JSON 'expected value' at line 1 character 1", ""},
     {"atextThatIsCutOff", "{\"a\": 1\n«»", error, std::nullopt,
      "invalid JSON 'expected ',' or '}'' at line 2 character 1", ""},
@@ -185,6 +226,36 @@ TEST(CheckedDefinition, HasNoFindingsWhenThereIsNothingToSay)
 {
     const std::string definition = withState(R"("onEntry": "print(\"hello\");")");
     EXPECT_TRUE(checkDefinition(definition).empty());
+}
+
+TEST(CheckedDefinition, HasNothingToSayOfEscapesThatThereAreNorOfVariablesThatAreAssigned)
+{
+    const std::string definition =
+        withState(R"("onEntry": "print(\"\\n\\t\\\\q\\\"é\"); int x; x = 1; const int y = 2; x = y;")");
+    EXPECT_EQ(textsOf(checkDefinition(definition)), "");
+}
+
+TEST(CheckedDefinition, HasNothingToSayOfTheLargestNumbers)
+{
+    const std::string definition = R"({"states": {"a": {"type": "atomic"}}, "start": "a", "outputs": {},
+        "outputDelay": 2147483647, "parameters": {"OUTPUT_DELAY": {"type": "double", "value": 2147483648.0}}})";
+    EXPECT_EQ(textsOf(checkDefinition(definition)), "");
+}
+
+TEST(CheckedDefinition, TellsOfStatesThatNestTooDeepAtTheFirstSuchState)
+{
+    std::string open;
+    std::string close;
+    for (int depth = 1; depth <= 501; ++depth) {
+        open += "\"s" + std::to_string(depth) + R"(": {"type": "parallel", "substates": {)";
+        close += "}}";
+    }
+    const std::string definition =
+        "{\"states\": {" + open + close + R"(}, "start": "s1", "outputs": {}, "outputDelay": 1})";
+    const std::vector<Finding> findings = compilerFindings(definition);
+    ASSERT_EQ(textsOf(findings), "states are nested too deep\n");
+    EXPECT_EQ(findings[0].offset, definition.find("\"s501\""));
+    EXPECT_EQ(findings[0].length, 6u);
 }
 
 TEST(CheckedDefinition, HasLinesAndColumnsInBytesFromOne)

@@ -48,15 +48,16 @@ const std::vector<LintCase> chains{
      R"({"states": {"a": {"type": "atomic", "onEntry": "setVariable(\"n\", getVariable_int(\"n\") + 1);",
          "transitions": {"t": {"target": "a", "order": 0, "conditions": "getVariable_int(\"n\") < 8"}}}},
          "start": "a", "outputs": {}, "outputDelay": 1, "variables": {"n": {"type": "int", "value": 0}}})"},
-    {"anEarlierWayOut", chartOf(R"("a": {"type": "atomic", "transitions": {
-         "out": {"target": "b", "order": 0, "conditions": "simulationTime() > 1.0"},
+    {"anEarlierWayOutThatIsAlwaysOpen", chartOf(R"("a": {"type": "atomic", "transitions": {
+         "out": {"target": "b", "order": 0, "conditions": "simulationTime() >= 0.0"},
          "t": {"target": "a", "order": 1}}}, "b": {"type": "atomic"})")},
     {"aRoundUnderTwoConditions",
      chartOf(R"("a": {"type": "atomic", "transitions": {"t": {"target": "b", "order": 0, "conditions":
          "simulationTime() > 1.0"}}}, "b": {"type": "atomic", "transitions": {"u": {"target": "a", "order": 0,
          "conditions": "simulationTime() < 1.0"}}})")},
     {"aCompoundStateThatEntersItself", // it has no active substate then, and the transition is dropped
-     chartOf(R"("a": {"type": "compound", "initial": "b", "transitions": {"t": {"target": "a", "order": 0}},
+     chartOf(R"("a": {"type": "compound", "initial": "b", "transitions": {"t": {"target": "a", "order": 0,
+             "conditions": "simulationTime() > 1.0"}},
          "substates": {"b": {"type": "atomic"}}})")},
 };
 INSTANTIATE_TEST_SUITE_P(Chains, EndlessTransitions, testing::ValuesIn(chains));

@@ -59,6 +59,7 @@ TEST(SeveralErrors, OfTheStructureAreAllReported)
                     R"(states["a"].substates["c"]: invalid cast)", R"(states["d"].transitions: invalid cast)",
                     R"(states["d"].substates["b"]: duplicate state identifier: b)",
                     R"(states["e"].transitions["t"]: duplicate transition identifier: t)",
+                    R"(states["e"].transitions["t"].actions: invalid format for 'actions' definition)",
                     R"(states["f"].substates: invalid key)", R"(states["f"].initial: invalid key)",
                     "start: start identifier does not reference top level state"));
 }

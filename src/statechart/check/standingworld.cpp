@@ -1,0 +1,248 @@
+#include "statechart/check/standingworld.h"
+
+#include "actionlanguage/analysis/constantfolding.h"
+#include "statechart/deviceparameters.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Answer = StandingReading::Answer;
+using Kind = StandingThing::Kind;
+
+constexpr std::size_t mostNumbers = 24;
+constexpr double largestInt = 2147483647.0; // as large as literals go
+
+bool isCall(const JsonValue& form)
+{
+    if (!form.isObject())
+        return false;
+    const JsonValue* const rule = form.asObject().find("rule");
+    return rule != nullptr && rule->equals("call");
+}
+
+bool isWhole(double value)
+{
+    return std::trunc(value) == value && std::abs(value) <= largestInt;
+}
+
+/// The numbers themselves, and what lies between, below and above them.
+std::set<double> withNeighbours(const std::set<double>& numbers, bool areIntegers)
+{
+    std::set<double> all{0.0, 1.0};
+    std::optional<double> last;
+    for (const double number : numbers) {
+        all.insert(number);
+        if (areIntegers)
+            all.insert({number - 1.0, number + 1.0});
+        else if (last)
+            all.insert(*last + (number - *last) / 2.0);
+        last = number;
+    }
+    if (!areIntegers && !numbers.empty()) {
+        all.insert(*numbers.begin() - 1.0);
+        all.insert(*numbers.begin() / 2.0);
+        all.insert(*numbers.rbegin() * 2.0 + 1.0);
+    }
+    return all;
+}
+
+} // namespace
+
+void StandingWorld::beginWith(const ChartModel& chart, const std::vector<std::size_t>& transitions)
+{
+    m_values.clear();
+    m_wanted.reset();
+    m_numbers.clear();
+    m_edgePins.clear();
+    m_wholeBuses.clear();
+    m_truths.clear();
+    m_evaluations = 0;
+    std::set<std::string_view> seen;
+    for (const std::size_t transition : transitions) {
+        for (const CheckedText* const condition : chart.transitions()[transition].conditions) {
+            if (seen.insert(condition->text->source).second)
+                collect(*condition->tree.form);
+        }
+    }
+}
+
+void StandingWorld::collect(const JsonValue& form)
+{
+    if (form.isNumber())
+        addNumber(form.isInt() ? form.asInt() : form.asDouble());
+    if (form.isArray())
+        std::ranges::for_each(form.asArray(), [&](const JsonValue& element) { collect(element); });
+    if (!form.isObject())
+        return;
+    if (isCall(form)) {
+        const std::optional<StandingReading> reading = m_readings.readingOf(form.asObject());
+        if (reading && reading->thing.kind == Kind::edge &&
+            std::ranges::find(m_edgePins, reading->thing.pin) == m_edgePins.end())
+            m_edgePins.push_back(reading->thing.pin);
+        if (reading && reading->thing.kind == Kind::number)
+            m_wholeBuses.insert(reading->thing.key);
+        if (const std::optional<double> number = m_readings.numberOf(form.asObject()))
+            addNumber(*number);
+    }
+    for (const JsonMember& member : form.asObject())
+        collect(member.value);
+}
+
+void StandingWorld::addNumber(double number)
+{
+    if (m_numbers.size() < mostNumbers)
+        m_numbers.insert(number);
+}
+
+std::optional<bool> StandingWorld::holds(const ChartTransition& transition)
+{
+    m_wanted.reset();
+    if (transition.holding != Holding::sometimes)
+        return transition.holding == Holding::always;
+    if (!transition.areConditionsKnown)
+        return std::nullopt;
+    for (const CheckedText* const condition : transition.conditions) {
+        const std::optional<bool> truth = truthOf(*condition);
+        if (truth != true)
+            return truth;
+    }
+    return true;
+}
+
+std::optional<bool> StandingWorld::truthOf(const CheckedText& condition)
+{
+    const std::string_view source = condition.text->source;
+    if (const auto known = m_truths.find(source); known != m_truths.end())
+        return known->second;
+    ++m_evaluations;
+    const JsonValue form = substituted(*condition.tree.form);
+    const std::optional<bool> truth =
+        m_folding.truthOf(sourceTreeOfExpression(form, DataType::boolean, std::string_view()));
+    if (truth)
+        m_wanted.reset(); // one side was enough
+    if (truth || !m_wanted)
+        m_truths.emplace(source, truth);
+    return truth;
+}
+
+JsonValue StandingWorld::substituted(const JsonValue& form)
+{
+    if (form.isArray()) {
+        JsonArray elements;
+        for (const JsonValue& element : form.asArray())
+            elements.push_back(substituted(element));
+        return elements;
+    }
+    if (!form.isObject())
+        return form;
+    if (isCall(form)) {
+        if (std::optional<JsonValue> literal = substitute(form.asObject()))
+            return std::move(*literal);
+    }
+    JsonObject members;
+    for (const JsonMember& member : form.asObject())
+        members.insert(member.key, substituted(member.value));
+    return members;
+}
+
+std::optional<JsonValue> StandingWorld::substitute(const JsonObject& call)
+{
+    if (std::optional<JsonValue> constant = m_readings.constantOf(call))
+        return constant;
+    const std::optional<StandingReading> reading = m_readings.readingOf(call);
+    if (!reading)
+        return std::nullopt;
+    const std::string bus = reading->thing.key.substr(0, reading->thing.key.rfind(' '));
+    if (reading->thing.kind == Kind::level && m_wholeBuses.contains(bus))
+        return std::nullopt; // a pin of a bus that is read as a whole, too
+    const auto value = m_values.find(reading->thing.key);
+    if (value == m_values.end()) {
+        m_wanted = reading->thing;
+        return std::nullopt;
+    }
+    return literalForm(reading->type, answerOf(*reading, value->second));
+}
+
+double StandingWorld::answerOf(const StandingReading& reading, double value) const
+{
+    if (reading.answer == Answer::value)
+        return value;
+    if (reading.answer == Answer::negated)
+        return value == 0.0 ? 1.0 : 0.0;
+    const auto pin = std::ranges::find(m_edgePins, reading.thing.pin) - m_edgePins.begin();
+    const double rising = 1.0 + 2.0 * static_cast<double>(pin);
+    const bool isRising = value == rising && reading.answer != Answer::fallingEdge;
+    const bool isFalling = value == rising + 1.0 && reading.answer != Answer::risingEdge;
+    return isRising || isFalling ? 1.0 : 0.0;
+}
+
+std::vector<double> StandingWorld::candidatesFor(const StandingThing& thing) const
+{
+    std::vector<double> candidates = numbersFor(thing);
+    std::erase_if(candidates, [&](double value) { return !isConsistent(thing, value); });
+    return candidates;
+}
+
+std::vector<double> StandingWorld::numbersFor(const StandingThing& thing) const
+{
+    if (thing.kind == Kind::level)
+        return {1.0, 0.0};
+    if (thing.kind == Kind::edge) {
+        std::vector<double> values;
+        for (std::size_t i = 0; i <= 2 * m_edgePins.size(); ++i)
+            values.push_back(static_cast<double>(i));
+        return values;
+    }
+    const bool isReal =
+        thing.kind == Kind::time || (thing.kind == Kind::parameter && thing.name->type == DataType::real);
+    const std::set<double> numbers = withNeighbours(m_numbers, !isReal);
+    std::vector<double> values(numbers.begin(), numbers.end());
+    if (!isReal)
+        std::erase_if(values, [](double value) { return !isWhole(value); });
+    return values;
+}
+
+/// A rising pin is high; the time begins at 0; a bus holds no more than its width does.
+bool StandingWorld::isConsistent(const StandingThing& thing, double value) const
+{
+    if (thing.kind == Kind::time)
+        return value >= 0.0;
+    if (thing.kind == Kind::parameter) {
+        const bool isDelay = thing.name->identifier == std::string_view(outputDelayParameter);
+        return thing.name->type == DataType::real ? !isDelay || value > 0.0
+                                                  : thing.name->type == DataType::integer64 || value >= 0.0;
+    }
+    if (thing.kind == Kind::number) {
+        const double range = std::pow(2.0, *thing.name->width); // as many values, half of them negative
+        const bool isSigned = thing.name->type == DataType::integer64;
+        return isSigned ? value >= -range / 2.0 && value < range / 2.0 : value >= 0.0 && value < range;
+    }
+    for (std::size_t i = 0; i < m_edgePins.size(); ++i) {
+        const std::string levelKey = "pin " + m_edgePins[i];
+        const double rising = 1.0 + 2.0 * static_cast<double>(i);
+        const auto decided = [&](const std::string& key) {
+            const auto found = m_values.find(key);
+            return found == m_values.end() ? std::nullopt : std::optional(found->second);
+        };
+        const std::optional<double> edge = thing.kind == Kind::edge ? value : decided("edge");
+        const std::optional<double> level = thing.key == levelKey ? value : decided(levelKey);
+        const bool isWrong = (edge == rising && level == 0.0) || (edge == rising + 1.0 && level == 1.0);
+        if (isWrong)
+            return false;
+    }
+    return true;
+}
+
+void StandingWorld::decide(const std::string& key, double value)
+{
+    m_values[key] = value;
+    m_truths.clear();
+}
+
+void StandingWorld::forget(const std::string& key)
+{
+    m_values.erase(key);
+    m_truths.clear();
+}
