@@ -80,6 +80,13 @@ public:
             findings, [](const Finding& finding) { return finding.severity == FindingSeverity::error; });
     }
 
+    /// Tells that a definition could not be read.
+    void fail(const std::string& error)
+    {
+        StandardStreams::reportError(error);
+        m_log.addFailure(error);
+    }
+
     void finish() const
     {
         if (m_format == Format::sarif)
@@ -110,6 +117,8 @@ private:
 /// Every definition is checked, whatever the others are like.
 int checkAll(const Arguments& arguments)
 {
+    if (std::ranges::count(arguments.definitions, std::string("-")) > 1)
+        throw UsageError("standard input can be checked only once");
     Checker checker(arguments.format(), rulesOf(arguments));
     int exitCode = exitDone;
     for (const std::string& definition : arguments.definitions) {
@@ -117,7 +126,7 @@ int checkAll(const Arguments& arguments)
             if (!checker.check(definition))
                 exitCode = exitInputHasErrors;
         } catch (const std::exception& error) {
-            StandardStreams::reportError(error.what());
+            checker.fail(error.what());
             exitCode = exitInputHasErrors;
         }
     }

@@ -3,8 +3,8 @@
 #include "jsonline.h"
 #include "statechart/check/finding.h"
 
+#include <QByteArray>
 #include <QJsonObject>
-#include <QUrl>
 #include <algorithm>
 
 namespace {
@@ -24,14 +24,12 @@ QString level(FindingSeverity severity)
     return severity == FindingSeverity::error ? QStringLiteral("error") : QStringLiteral("warning");
 }
 
-/// As a reference that is resolved against the folder of the reader; an absolute path as a URL.
+/// As a reference that is resolved against the folder of the reader; an absolute path as a URL. The name of a
+/// file is bytes, which need not be UTF-8.
 QString uriOf(const std::string& file)
 {
-    const QString path = QString::fromStdString(file);
-    const QUrl url = path.startsWith(QLatin1Char('/')) ? QUrl::fromLocalFile(path) : QUrl();
-    if (url.isValid())
-        return url.toString(QUrl::FullyEncoded);
-    return QString::fromLatin1(QUrl::toPercentEncoding(path, "/"));
+    const QString path = QString::fromLatin1(QByteArray::fromStdString(file).toPercentEncoding("/"));
+    return file.starts_with('/') ? QStringLiteral("file://") + path : path;
 }
 
 /// From 1, in characters, of a column from 1 in bytes.
@@ -84,12 +82,22 @@ void SarifLog::add(const std::string& file, const Finding& finding)
                                  {QStringLiteral("locations"), QJsonArray{location}}});
 }
 
+void SarifLog::addFailure(const std::string& error)
+{
+    m_failures.append(QJsonObject{{QStringLiteral("level"), level(FindingSeverity::error)},
+                                  {QStringLiteral("message"), message(error)}});
+}
+
 std::string SarifLog::text() const
 {
+    QJsonObject invocation{{QStringLiteral("executionSuccessful"), m_failures.isEmpty()}};
+    if (!m_failures.isEmpty())
+        invocation.insert(QStringLiteral("toolExecutionNotifications"), m_failures);
     const QJsonObject driver{{QStringLiteral("name"), QStringLiteral("halvorin")},
                              {QStringLiteral("version"), QStringLiteral(HALVORIN_VERSION)},
                              {QStringLiteral("rules"), rules()}};
     const QJsonObject run{{QStringLiteral("tool"), QJsonObject{{QStringLiteral("driver"), driver}}},
+                          {QStringLiteral("invocations"), QJsonArray{invocation}},
                           {QStringLiteral("columnKind"), QStringLiteral("unicodeCodePoints")},
                           {QStringLiteral("results"), m_results}};
     const QJsonObject log{{QStringLiteral("version"), QStringLiteral("2.1.0")},

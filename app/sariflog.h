@@ -14,11 +14,15 @@ class SarifLog
 public:
     void add(const std::string& file, const Finding& finding);
 
+    /// A definition that could not be checked, in the words of the error. The run is no success then.
+    void addFailure(const std::string& error);
+
     /// The whole log as one line of JSON and a line end.
     std::string text() const;
 
 private:
     QJsonArray m_results;
+    QJsonArray m_failures;
 };
 
 #endif

@@ -106,6 +106,24 @@ TEST_F(Check, ReadsStandardInput)
     EXPECT_THAT(result.output, testing::StartsWith("<standard input>:1:1: error: "));
 }
 
+TEST_F(Check, ReadsStandardInputOnlyOnce)
+{
+    ProcessOptions options;
+    options.input = "[]";
+    const ProcessResult result = run({"check", "-", "-"}, options);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.error, "halvorin: standard input can be checked only once\n");
+}
+
+TEST_F(Check, ShowsAFileNameThatIsNoTextWithAReplacementInJson)
+{
+    folder.write("a\xff.json", "[]");
+    const ProcessResult result = run({"check", "--json", "a\xff.json"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.output, testing::HasSubstr("\"file\":\"a\xef\xbf\xbd.json\""));
+}
+
 TEST_F(Check, TakesOptionsBehindItsFiles)
 {
     folder.write("d.json", smallDefinition);

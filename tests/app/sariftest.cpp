@@ -24,6 +24,11 @@ protected:
         return runs[0].toObject();
     }
 
+    static QJsonObject invocationOf(const QJsonObject& run)
+    {
+        return run[QLatin1String("invocations")].toArray().first().toObject();
+    }
+
     static QJsonArray resultsOf(const QJsonObject& run) { return run[QLatin1String("results")].toArray(); }
 
     static QJsonObject placeOf(const QJsonValue& result)
@@ -94,4 +99,43 @@ TEST_F(SarifLog, NamesFilesAsUriReferences)
     ASSERT_EQ(results.size(), 1);
     const QJsonValue file = placeOf(results[0])[QLatin1String("artifactLocation")];
     EXPECT_EQ(file[QLatin1String("uri")], QStringLiteral("a%20b%23%C3%A9.json"));
+}
+
+TEST_F(SarifLog, NamesFilesByTheirBytes)
+{
+    writeDefinition("a\xff.json", "\"x;\"");
+    const std::string absolute = (folder.path() / "a\xff.json").native();
+    const QJsonArray results = resultsOf(runOf({"a\xff.json", absolute}, 1));
+    ASSERT_EQ(results.size(), 2);
+    const auto uriOf = [](const QJsonValue& result) {
+        const QJsonValue file = placeOf(result)[QLatin1String("artifactLocation")];
+        return file[QLatin1String("uri")].toString();
+    };
+    EXPECT_EQ(uriOf(results[0]), QStringLiteral("a%FF.json"));
+    EXPECT_TRUE(uriOf(results[1]).startsWith(QStringLiteral("file:///")));
+    EXPECT_TRUE(uriOf(results[1]).endsWith(QStringLiteral("/a%FF.json")));
+}
+
+TEST_F(SarifLog, TellsThatEverythingWasChecked)
+{
+    writeDefinition("d.json", "\"x;\"");
+    const QJsonObject invocation = invocationOf(runOf({"d.json"}, 1));
+    EXPECT_EQ(invocation[QLatin1String("executionSuccessful")], QJsonValue(true));
+    EXPECT_FALSE(invocation.contains(QLatin1String("toolExecutionNotifications")));
+}
+
+TEST_F(SarifLog, TellsWhatCouldNotBeChecked)
+{
+    writeDefinition("d.json", "\"x;\"");
+    const QJsonObject run = runOf({"missing.json", "d.json", "."}, 1);
+    EXPECT_EQ(resultsOf(run).size(), 1);
+    const QJsonObject invocation = invocationOf(run);
+    EXPECT_EQ(invocation[QLatin1String("executionSuccessful")], QJsonValue(false));
+    const QJsonArray told = invocation[QLatin1String("toolExecutionNotifications")].toArray();
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told[0][QLatin1String("level")], QStringLiteral("error"));
+    EXPECT_EQ(told[0][QLatin1String("message")][QLatin1String("text")],
+              QStringLiteral("the file does not exist: 'missing.json'"));
+    EXPECT_EQ(told[1][QLatin1String("message")][QLatin1String("text")],
+              QStringLiteral("it is a folder: '.'"));
 }
