@@ -4,7 +4,8 @@ express is refused by both; what is beyond it is listed.
 
     schemacheck.py HALVORIN TEST_STATECHART PROJECT_FOLDER
 
-The cases are mutations of base.json: "set" and "remove" name members by their path, "whole" takes its place. The
+The cases are mutations of base.json: "set" and "remove" name members by their path, "whole" takes its place. "raw"
+is a number as it is spelt, which the compiler may read otherwise than Python does. The
 definitions that the tests of the compiler go through are taken from the record of those tests."""
 
 import copy
@@ -55,13 +56,25 @@ def cases(file):
     return {name: mutated(base, case) for name, case in json.loads((CASES / file).read_text()).items()}
 
 
+def texts(file):
+    """Name and text of each case of a file of numbers as they are spelt."""
+    base = json.loads((CASES / "base.json").read_text())
+    found = {}
+    for name, case in json.loads((CASES / file).read_text()).items():
+        text = json.dumps(mutated(base, {"set": {path: "raw " + path for path in case["raw"]}}))
+        for path, number in case["raw"].items():
+            text = text.replace(json.dumps("raw " + path), number)
+        found[name] = text
+    return found
+
+
 def compiler_errors(definitions):
-    """What the compiler refuses, by name, each with the words of the first error."""
+    """What the compiler refuses, by name, each with the words of the first error. Definitions may be texts."""
     with tempfile.TemporaryDirectory() as folder:
         files = {}
         for number, (name, definition) in enumerate(definitions.items()):
             path = Path(folder, f"{number}.json")
-            path.write_text(json.dumps(definition))
+            path.write_text(definition if isinstance(definition, str) else json.dumps(definition))
             files[str(path)] = name
         run = subprocess.run([HALVORIN, "check", "--json", *files], capture_output=True, text=True, check=False)
     if run.returncode not in (0, 1):
@@ -186,6 +199,12 @@ class Schema(unittest.TestCase):
         for name, definition in beyond.items():
             self.assertIn(name, errors, f"{name}: the compiler takes it")
             self.assertIsNone(first_error(definition), f"{name}: the schema refuses it, so it can express it")
+
+    def test_refuses_numbers_that_only_the_compiler_reads_as_it_does(self):
+        spelt = texts("read-otherwise.json")
+        self.assertEqual(compiler_errors(spelt), {})
+        for name, text in spelt.items():
+            self.assertIsNotNone(first_error(json.loads(text)), f"{name}: the schema takes it")
 
     def test_has_no_rule_that_no_case_needs(self):
         accepted = cases("accepted.json").values()
