@@ -3,6 +3,7 @@
 #include "actionlanguage/buildrules.h"
 #include "actionlanguage/functions/functionlibrary.h"
 #include "actionlanguage/linker.h"
+#include "actionlanguage/operators/functionoperators.h"
 #include "actionlanguage/runtime/executioninterface.h"
 
 #include <algorithm>
@@ -44,10 +45,22 @@ const JsonValue* writtenVariable(const SourceNode& node)
     }
 }
 
+/// There is no literal of 64 bits. A function of the type's name, which no text can call, is as good as one.
+template <class Value>
+std::unique_ptr<const FunctionRule> wideLiteralRule()
+{
+    return std::make_unique<FunctionRule>(
+        typeName(dataTypeOf<Value>), functionOverloads([](AbstractExecutionInterface&, std::int32_t value) {
+            return static_cast<Value>(value);
+        }));
+}
+
 } // namespace
 
 ConstantFolding::ConstantFolding(FunctionRules pureFunctions)
 {
+    pureFunctions.push_back(wideLiteralRule<std::int64_t>());
+    pureFunctions.push_back(wideLiteralRule<std::uint64_t>());
     for (const auto& rule : pureFunctions)
         m_pureFunctions.insert(rule->name());
     for (const auto& rule : constructFunctionRules()) {
@@ -55,6 +68,25 @@ ConstantFolding::ConstantFolding(FunctionRules pureFunctions)
             m_pureFunctions.insert(rule->name());
     }
     m_rules = std::make_unique<const BuildRules>(std::move(pureFunctions));
+}
+
+JsonValue ConstantFolding::literal(DataType type, double value)
+{
+    switch (type) {
+    case DataType::boolean:
+        return JsonValue(value != 0.0);
+    case DataType::real:
+        return JsonValue(value);
+    default:
+        break;
+    }
+    const JsonValue number(static_cast<std::int32_t>(value));
+    if (type == DataType::integer)
+        return number;
+    return JsonObject{{"rule", "call"},
+                      {"func", typeName(type)},
+                      {"argTypes", JsonArray{JsonValue(typeName(DataType::integer))}},
+                      {"args", JsonArray{number}}};
 }
 
 ConstantFolding::~ConstantFolding() = default;

@@ -25,6 +25,10 @@ public:
     explicit ConstantFolding(FunctionRules pureFunctions = {});
     ~ConstantFolding();
 
+    /// A compiled form of this type and value, a number within the range of int for all integers. It can
+    /// stand in for an expression in forms that are given to this class.
+    static JsonValue literal(DataType type, double value);
+
     /// What a condition always is. With "&&" and "||" one constant side may be enough.
     std::optional<bool> truthOf(const SourceNode& node) const;
 

@@ -121,6 +121,8 @@ bool EndlessChains::findFrom(std::size_t transition)
 
 std::optional<bool> EndlessChains::holds(std::size_t transition)
 {
+    if (m_allowance + m_stock == 0)
+        return std::nullopt;
     const std::size_t before = m_world.evaluations();
     const std::optional<bool> holds = m_world.holds(m_chart.transitions()[transition]);
     spend(1 + (m_world.evaluations() - before) * costOfEvaluation);

@@ -35,7 +35,7 @@ private:
     std::vector<std::vector<std::size_t>> m_found;
     std::size_t m_steps = 0;
     std::size_t m_allowance = 0; // of the group at hand
-    std::size_t m_stock = 200'000;
+    std::size_t m_stock = 100'000;
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "statechart/check/standingreadings.h"
 
+#include "actionlanguage/analysis/constantfolding.h"
 #include "statechart/text/engineeringnumber.h"
 #include "statechart/text/numbertext.h"
 
@@ -66,24 +67,6 @@ std::optional<double> numberIn(const JsonValue& value)
 }
 
 } // namespace
-
-JsonValue literalForm(DataType type, double value)
-{
-    switch (type) {
-    case DataType::boolean:
-        return JsonValue(value != 0.0);
-    case DataType::real:
-        return JsonValue(value);
-    case DataType::integer:
-        return JsonValue(static_cast<std::int32_t>(value));
-    default:
-        break;
-    }
-    return JsonObject{{"rule", "cast"}, // there is no literal of 64 bits
-                      {"from", "int"},
-                      {"to", typeName(type)},
-                      {"expr", JsonValue(static_cast<std::int32_t>(value))}};
-}
 
 StandingReadings::StandingReadings(const CheckedDefinition& checked) : m_names(checked.definition)
 {
@@ -173,7 +156,7 @@ std::optional<JsonValue> StandingReadings::constantOf(const JsonObject& call)
     if (type != DataType::real && !value->isInt())
         return std::nullopt;
     const std::optional<double> number = numberIn(*value);
-    return number ? std::optional(literalForm(type, *number)) : std::nullopt;
+    return number ? std::optional(ConstantFolding::literal(type, *number)) : std::nullopt;
 }
 
 std::optional<double> StandingReadings::numberOf(const JsonObject& call)

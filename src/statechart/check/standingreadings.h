@@ -72,7 +72,4 @@ private:
     bool m_maySetAnyVariable = false;
 };
 
-/// The compiled form of a literal of this type and value.
-JsonValue literalForm(DataType type, double value);
-
 #endif

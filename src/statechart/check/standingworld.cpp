@@ -22,6 +22,20 @@ bool isCall(const JsonValue& form)
     return rule != nullptr && rule->equals("call");
 }
 
+double numberIn(const JsonValue& number)
+{
+    return number.isInt() ? number.asInt() : number.asDouble();
+}
+
+/// The number that a "-" and a literal are.
+std::optional<double> negated(const JsonObject& form)
+{
+    const JsonValue* const op = form.find("op");
+    const JsonValue* const operand = form.find("expr");
+    const bool isNegation = op != nullptr && op->equals("-") && operand != nullptr && operand->isNumber();
+    return isNegation ? std::optional(-numberIn(*operand)) : std::nullopt;
+}
+
 bool isWhole(double value)
 {
     return std::trunc(value) == value && std::abs(value) <= largestInt;
@@ -71,11 +85,13 @@ void StandingWorld::beginWith(const ChartModel& chart, const std::vector<std::si
 void StandingWorld::collect(const JsonValue& form)
 {
     if (form.isNumber())
-        addNumber(form.isInt() ? form.asInt() : form.asDouble());
+        addNumber(numberIn(form));
     if (form.isArray())
         std::ranges::for_each(form.asArray(), [&](const JsonValue& element) { collect(element); });
     if (!form.isObject())
         return;
+    if (const std::optional<double> number = negated(form.asObject()))
+        addNumber(*number);
     if (isCall(form)) {
         const std::optional<StandingReading> reading = m_readings.readingOf(form.asObject());
         if (reading && reading->thing.kind == Kind::edge &&
@@ -92,8 +108,9 @@ void StandingWorld::collect(const JsonValue& form)
 
 void StandingWorld::addNumber(double number)
 {
-    if (m_numbers.size() < mostNumbers)
-        m_numbers.insert(number);
+    m_numbers.insert(number);
+    if (m_numbers.size() > mostNumbers) // those at the ends say most
+        m_numbers.erase(std::next(m_numbers.begin(), mostNumbers / 2));
 }
 
 std::optional<bool> StandingWorld::holds(const ChartTransition& transition)
@@ -162,7 +179,7 @@ std::optional<JsonValue> StandingWorld::substitute(const JsonObject& call)
         m_wanted = reading->thing;
         return std::nullopt;
     }
-    return literalForm(reading->type, answerOf(*reading, value->second));
+    return ConstantFolding::literal(reading->type, answerOf(*reading, value->second));
 }
 
 double StandingWorld::answerOf(const StandingReading& reading, double value) const

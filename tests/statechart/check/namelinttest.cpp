@@ -71,6 +71,8 @@ const std::vector<LintCase> wrongKinds{
      "'data' is an input bus; 'writeBus' takes an output bus"},
     {"theEdgeOfAnOutput", withDevice(R"("print(isPositiveEdge(«\"q\"»));")"),
      "'q' is an output pin; 'isPositiveEdge' takes an input pin"},
+    {"behindOtherAlphabets", withDevice(R"("print(\"é\\n\"); print(isPinHigh(«\"data\"»));")"),
+     "'data' is an input bus; 'isPinHigh' takes a pin"},
     {"anOutputThatIsRead", withDevice(R"("print(isPinHigh(\"q\")); print(isBusPinHigh(\"bus\", 3));")")},
 };
 INSTANTIATE_TEST_SUITE_P(Actions, WrongKind, testing::ValuesIn(wrongKinds));
@@ -94,6 +96,12 @@ const std::vector<LintCase> wrongTypes{
      "'OUTPUT_DELAY' is of type 'double', not 'uint64_t'"},
     {"aBus", withDevice(R"("print(readBus_int64_t(«\"data\"»));")"),
      "'data' is of type 'uint64_t', not 'int64_t'"},
+    {"aBusThatIsWritten", withDevice(R"("uint64_t v = 1; writeBus(«\"bus\"», v);")"),
+     "'bus' is of type 'int64_t', not 'uint64_t'"},
+    {"aBusThatIsWrittenLater", withDevice(R"("print(\"é\"); uint64_t v = 1; writeBus(«\"bus\"», v, 1.0);")"),
+     "'bus' is of type 'int64_t', not 'uint64_t'"},
+    {"aBusThatIsWrittenInItsType",
+     withDevice(R"("int64_t v = 1; writeBus(\"bus\", v); writeBus(\"bus\", 2, 1.0);")")},
     {"theSameType", withDevice(R"("print(getVariable_int(\"count\")); print(readBus_int64_t(\"bus\"));")")},
 };
 INSTANTIATE_TEST_SUITE_P(Actions, WrongType, testing::ValuesIn(wrongTypes));
@@ -111,6 +119,11 @@ const std::vector<LintCase> indexes{
      "'data' has no pin 8: it is 8 wide"},
     {"aPinThatIsDriven", withDevice(R"("setBusPinLow(\"bus\", «4», 1.0);")"),
      "'bus' has no pin 4: it is 4 wide"},
+    {"aNegativeNumber", withDevice(R"("print(\"é\"); setBusPinHigh(\"bus\", «-1»);")"),
+     "'bus' has no pin -1: it is 4 wide"},
+    {"aNumberOfConstants", withDevice(R"("setBusPinHigh(\"bus\", «2 + 2»);")"),
+     "'bus' has no pin 4: it is 4 wide"},
+    {"theFirstPin", withDevice(R"("print(isBusPinLow(\"data\", 0)); setBusPinLow(\"bus\", 2 - 2);")")},
     {"theLastPin", withDevice(R"("print(isBusPinHigh(\"data\", 7)); setBusPinHigh(\"bus\", 3);")")},
     {"aComputedIndex", withDevice(R"("int i = 9; print(isBusPinHigh(\"data\", i));")")},
 };
@@ -151,11 +164,14 @@ TEST_P(UnusedDeclaration, IsToldOfDeclarations)
     checkLintCase(GetParam(), FindingKind::unusedDeclaration);
 }
 
-std::string withChange(std::string_view conditions)
+std::string withChange(std::string_view conditions, std::string_view input = "\"d\"")
 {
-    return std::string(R"({"inputs": {"d": {"type": "pin"}}, "outputs": {}, "outputDelay": 1, "start": "a",
-        "states": {"a": {"type": "atomic", "transitions": {"t": {"target": "a", "order": 0,
-            "event": "change", "conditions": )")
+    return std::string(R"({"outputs": {"q": {"type": "pin", "initial": "0"}}, "outputDelay": 1, "start": "a",
+        "inputs": {"e": {"type": "pin"}, "é": {"type": "pin"}, )")
+        .append(input)
+        .append(R"(: {"type": "pin"}}, "states": {"a": {"type": "atomic",
+            "onEntry": "if (isPinHigh(\"e\") && isPinLow(\"é\")) setPinHigh(\"q\");", "transitions": {
+            "t": {"target": "a", "order": 0, "event": "change", "conditions": )")
         .append(conditions)
         .append("}}}}}");
 }
@@ -174,6 +190,9 @@ const std::vector<LintCase> declarations{
     {"aParameter",
      deviceOf(R"("outputs": {}, "parameters": {«"p"»: {"type": "int64_t", "value": 1}})", R"("print(1);")"),
      "'p': no action uses this parameter"},
+    {"anInputBesideTheEdgeOfAnother",
+     withChange(R"j("isPositiveEdge(\"e\") && isPinHigh(\"q\")")j", "«\"d\"»"),
+     "'d': no action uses this input"},
     {"aVariableThatIsOnlySet", deviceOf(R"("outputs": {}, "variables": {"n": {"type": "int", "value": 1}})",
                                         R"("setVariable(\"n\", 2);")")},
     {"aNameThatIsComputed", deviceOf(R"("outputs": {}, "variables": {"n1": {"type": "int", "value": 1}})",
@@ -183,6 +202,10 @@ const std::vector<LintCase> declarations{
               R"("print(1);")")},
     {"anInputWhoseChangesCount", withChange("[]")},
     {"anInputWhoseChangesCountUnderAConditionOfNoInput", withChange(R"("simulationTime() > 1.0")")},
+    {"anInputWhoseChangesCountWhileAnOutputIsHigh", withChange(R"j("isPinHigh(\"q\")")j")},
+    {"anInputWhoseChangesCountWhileAnotherIsHigh", withChange(R"j("isPinLow(\"e\")")j")},
+    {"anInputWhoseChangesCountBesideAnEdge",
+     withChange(R"j("isPositiveEdge(\"e\") || simulationTime() > 1.0")j")},
     {"anInputThatAWakeTimeLooksAt",
      R"({"inputs": {"b": {"type": "bus", "width": 2, "dataType": "int64_t", "encoding": "OffsetBinary"}},
          "outputs": {}, "outputDelay": 1, "start": "a", "states": {"a": {"type": "atomic", "transitions": {

@@ -171,4 +171,89 @@ TEST(FindingKinds, HaveNamesThatFindThem)
     EXPECT_EQ(findingKindOf(""), std::nullopt);
 }
 
+/// A definition, and all that is said of it.
+struct OneFault
+{
+    const char* name;
+    std::string definition;
+    std::string texts;
+};
+
+void PrintTo(const OneFault& row, std::ostream* output)
+{
+    *output << row.name;
+}
+
+class FaultOfADefinition : public testing::TestWithParam<OneFault>
+{};
+
+TEST_P(FaultOfADefinition, IsToldOnce)
+{
+    EXPECT_EQ(textsOf(checkDefinition(GetParam().definition)), GetParam().texts);
+}
+
+const char* const outputType = "output must have \"type\" property that is either \"bus\" or \"pin\"\n";
+const char* const inputType = "input must have \"type\" property that is either \"bus\" or \"pin\"\n";
+const std::string outputQ = R"("outputs": {"q": {"type": "pin", "initial": "0"}})";
+
+const std::vector<OneFault> faults{
+    {"anOutputWithoutType", deviceOf(R"("outputs": {"q": {}})", R"("")"), outputType},
+    {"anInputOfAnUnknownType", deviceOf(R"("inputs": {"d": {"type": "wire"}}, "outputs": {})", R"("")"),
+     inputType},
+    {"anInputThatIsNoObject",
+     deviceOf(R"("inputs": {"d": 5}, "outputs": {})", R"("print(isPinHigh(\"d\"));")"), "invalid cast\n"},
+    {"aVariableThatIsNoObject", deviceOf(R"("outputs": {}, "variables": {"v": 5})", R"("")"),
+     "invalid cast\n"},
+    {"inputsThatAreNoObject", deviceOf(R"("inputs": 5, "outputs": {})", R"("print(isPinHigh(\"d\"));")"),
+     "invalid cast\n"},
+    {"missingOutputs", deviceOf(R"("é": 1)", R"("setPinHigh(\"q\");")"), "invalid key\n"},
+    {"aWidthOf0",
+     deviceOf(R"("outputs": {"b": {"type": "bus", "initial": 0, "width": 0, "dataType": "uint64_t"}})",
+              R"("setBusPinHigh(\"b\", 0);")"),
+     "output bus must have \"width\" property that is an integer greater than 0\n"},
+    {"aParameterOfATypeOfVariables",
+     deviceOf(R"("outputs": {}, "parameters": {"p": {"type": "int", "value": 1}})",
+              R"("print(getParameter_double(\"p\"));")"),
+     "invalid device parameter type\n"},
+    {"aPinThatIsInputAndOutput",
+     deviceOf(R"("inputs": {"d": {"type": "pin"}}, "outputs": {"d": {"type": "pin", "initial": "0"}})",
+              R"("setPinHigh(\"d\");")"),
+     "duplicate pin identifier: 'd'\n"},
+    {"aBusThatIsDrivenAsAPin",
+     deviceOf(R"("outputs": {"bus": {"type": "bus", "initial": 0, "width": 2, "dataType": "uint64_t"}})",
+              R"("setPinHigh(\"bus\");")"),
+     "'bus' is an output bus; 'setPinHigh' takes an output pin\n"},
+    {"aNameThatIsComputedInATextThatDoesNotCompile",
+     deviceOf(R"("outputs": {"q1": {"type": "pin", "initial": "0"}})",
+              R"("string s = format(\"q{}\", 1); setPinHigh(s); x;")"),
+     "'x': undeclared identifier\n"},
+    {"aDuplicateTransitionThatDrives", R"({)" + outputQ + R"(, "outputDelay": 1, "start": "a", "states": {
+         "a": {"type": "atomic", "transitions": {"t": {"target": "b", "order": 0, "event": "change"}}},
+         "b": {"type": "atomic", "transitions": {"t": {"target": "a", "order": 0, "event": "change",
+             "actions": "setPinHigh(\"q\");"}}}}})",
+     "duplicate transition identifier: t\n"},
+    {"aDuplicateTransitionWithAnError",
+     R"({"outputs": {}, "outputDelay": 1, "start": "a", "states": {
+         "a": {"type": "atomic", "transitions": {"t": {"target": "b", "order": 0, "event": "change"}}},
+         "b": {"type": "atomic", "transitions": {"t": {"target": "a", "order": 0, "event": "change",
+             "actions": "zz;"}}}}})",
+     "duplicate transition identifier: t\n'zz': undeclared identifier\n"},
+    {"aDuplicateStateWithAnError",
+     R"({"outputs": {}, "outputDelay": 1, "start": "a", "states": {"a": {"type": "parallel", "substates": {
+         "b": {"type": "parallel", "substates": {"b": {"type": "atomic", "onEntry": "zz;"}}}}}}})",
+     "duplicate state identifier: b\n'zz': undeclared identifier\n"},
+    {"aStateWithoutType", chartOf(R"("a": {"é": 1, "initial": "b", "substates": {
+         "b": {"type": "atomic", "transitions": {"t": {"target": "c", "order": 0, "event": "change"}}},
+         "c": {"type": "atomic"}}})"),
+     "invalid key\n"},
+    {"aStateThatIsNoObject", chartOf(R"("a": {"type": "atomic", "transitions": {
+         "t": {"target": "b", "order": 0, "event": "change"},
+         "u": {"target": "b", "order": 1, "event": "wake", "wakeTime": "1u"}}}, "b": 5)"),
+     "invalid cast\n"},
+    {"aCompoundStateWithoutInitial", chartOf(R"("a": {"type": "compound", "substates": {
+         "b": {"type": "atomic"}, "c": {"type": "atomic"}}})"),
+     "invalid key\n"},
+};
+INSTANTIATE_TEST_SUITE_P(Faults, FaultOfADefinition, testing::ValuesIn(faults));
+
 } // namespace
