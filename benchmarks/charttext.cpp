@@ -15,7 +15,7 @@ std::string number(std::size_t value)
 std::string stateText(std::size_t index)
 {
     const std::string self = number(index);
-    const std::string next = number(index % statesOfAGroup == statesOfAGroup - 1 ? index : index + 1);
+    const std::string next = number(index + 1); // that of a group's last state begins the next group
     return R"("state_)" + self +
            R"(": {"type": "atomic", "onEntry": ["\/\/ Zähler prüfen: größer als 15 → von vorn\n)"
            R"(int n = getVariable_int(\"count\");\nsetVariable(\"count\", (n + 1) % 16);", )"
@@ -35,7 +35,8 @@ template <class IsEnough>
 std::string chartText(IsEnough isEnough)
 {
     std::string text = R"({"states": {)";
-    for (std::size_t index = 0; index == 0 || !isEnough(index, text.size()); ++index) {
+    std::size_t index = 0;
+    for (; index == 0 || !isEnough(index, text.size()); ++index) {
         const bool startsGroup = index % statesOfAGroup == 0;
         if (startsGroup) {
             text += index > 0 ? "}}, " : "";
@@ -45,14 +46,29 @@ std::string chartText(IsEnough isEnough)
         text += startsGroup ? "" : ", ";
         text += stateText(index);
     }
+    const bool isBehindGroup = index % statesOfAGroup == 0;
+    text += isBehindGroup ? "}}, " : ", ";
+    text += R"("state_)" + number(index) + R"(": {"type": "atomic"})";
+    text += isBehindGroup ? "}" : "}}}";
     return text +
-           R"(}}}, "start": "group_000000", "inputs": {"clk": {"type": "pin"}, "reset": {"type": "pin"}, )"
+           R"(, "start": "group_000000", "inputs": {"clk": {"type": "pin"}, "reset": {"type": "pin"}, )"
            R"("load": {"type": "pin"}}, "outputs": {"busy": {"type": "pin", "initial": "0"}, )"
            R"("q": {"type": "bus", "initial": 0, "width": 4, "dataType": "uint64_t"}}, )"
            R"("variables": {"count": {"type": "int", "value": 0}}, "outputDelay": "10n"})";
 }
 
 } // namespace
+
+std::string chainOfSize(std::size_t bytes)
+{
+    std::string text = R"({"start": "state_000000", "outputs": {}, "outputDelay": 1, "states": {)";
+    std::size_t index = 0;
+    for (; text.size() < bytes; ++index) {
+        text += R"("state_)" + number(index) + R"(": {"type": "atomic", "transitions": {"t_)" +
+                number(index) + R"(": {"order": 0, "target": "state_)" + number(index + 1) + R"("}}}, )";
+    }
+    return text + R"("state_)" + number(index) + R"(": {"type": "atomic"}}})";
+}
 
 std::string chartOfTransitions(std::size_t transitions)
 {

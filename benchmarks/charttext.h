@@ -11,4 +11,7 @@ std::string chartOfTransitions(std::size_t transitions);
 /// The same with as many transitions as make at least so many bytes.
 std::string chartOfSize(std::size_t bytes);
 
+/// A chart of at least so many bytes whose states all lead on without an event, and end.
+std::string chainOfSize(std::size_t bytes);
+
 #endif
