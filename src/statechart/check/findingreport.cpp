@@ -49,7 +49,7 @@ void FindingReport::add(const Words& words, const JsonPath& path, const JsonRang
                           .sourceLine = m_lines.line(place.line)});
 }
 
-const JsonLocator& FindingReport::locator()
+JsonLocator& FindingReport::locator()
 {
     if (!m_locator)
         m_locator.emplace(m_definition);
