@@ -231,7 +231,8 @@ TEST_P(EndingSignals, LeaveNoTemporaryFile)
     options.environment = {{"TMPDIR", "tmp"}, {"SIGNAL", std::to_string(GetParam())}};
     const ProcessResult result = shell(R"(
         mkfifo input
-        "$0" compile - device.json < input & pid=$!
+        ulimit -c 0
+        env --default-signal=INT,QUIT "$0" compile - device.json < input & pid=$!
         exec 3> input
         printf '{' >&3
         until ls tmp | grep -q .; do sleep 0.01; done
@@ -244,5 +245,6 @@ TEST_P(EndingSignals, LeaveNoTemporaryFile)
     EXPECT_FALSE(std::filesystem::exists(folder / "device.json"));
 }
 
-// SIGINT is ignored by what a script has in the background.
-INSTANTIATE_TEST_SUITE_P(EachKind, EndingSignals, testing::Values(SIGHUP, SIGTERM));
+INSTANTIATE_TEST_SUITE_P(EachKind, EndingSignals,
+                         testing::Values(SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM,
+                                         SIGVTALRM, SIGPROF, SIGPOLL, SIGPWR, SIGSTKFLT, SIGRTMIN, SIGRTMAX));
