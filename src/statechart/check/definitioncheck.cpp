@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr auto lints = {lintStates, lintTransitions, lintEndlessTransitions, lintNames, lintExpressions};
+constexpr auto lints = {lintStates, lintTransitions, lintEndlessTransitions,
+                        lintNames,  lintExpressions, lintKeys};
 
 FindingKind kindOf(LanguageWarning warning)
 {

@@ -34,6 +34,7 @@ enum class FindingKind : std::uint32_t
     indexOutOfRange,
     undrivenOutput,
     unusedDeclaration,
+    unwritableKey,
     constantCondition,
     divisionByZero,
 };

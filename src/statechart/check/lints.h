@@ -24,5 +24,6 @@ void lintTransitions(const CheckedDefinition& checked, FindingReport& report);
 void lintEndlessTransitions(const CheckedDefinition& checked, FindingReport& report);
 void lintNames(const CheckedDefinition& checked, FindingReport& report);
 void lintExpressions(const CheckedDefinition& checked, FindingReport& report);
+void lintKeys(const CheckedDefinition& checked, FindingReport& report);
 
 #endif
