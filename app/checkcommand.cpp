@@ -6,6 +6,7 @@
 #include "spool.h"
 #include "standardstreams.h"
 #include "statechart/check/definitioncheck.h"
+#include "statechart/outofmemory.h"
 #include "statechart/package/definitionsizelimit.h"
 #include "subcommands.h"
 
@@ -117,7 +118,7 @@ int checkAll(const Arguments& arguments)
             if (!checker.check(definition))
                 exitCode = exitInputHasErrors;
         } catch (const std::exception& error) {
-            StandardStreams::reportError(error.what());
+            StandardStreams::reportError(failureText(error));
             exitCode = exitInputHasErrors;
         }
     }
