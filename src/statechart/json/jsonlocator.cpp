@@ -28,14 +28,19 @@ std::size_t behindBlanks(std::string_view text, std::size_t position)
     return std::min(text.find_first_not_of(" \t\r\n", position), text.size());
 }
 
-/// From an opening quote.
+/// From an opening quote. Looks for quotes alone, which is quick, since keys may be long and asked for often.
 std::size_t behindString(std::string_view text, std::size_t position)
 {
-    for (++position; position < text.size() && text[position] != '"'; ++position) {
-        if (text[position] == '\\')
-            ++position;
-    }
-    return std::min(position + 1, text.size());
+    std::size_t quote = position;
+    std::size_t escapes = 0;
+    do {
+        quote = text.find('"', quote + 1);
+        if (quote == std::string_view::npos)
+            return text.size();
+        for (escapes = 0; quote - escapes > position + 1 && text[quote - escapes - 1] == '\\';)
+            ++escapes;
+    } while (escapes % 2 != 0);
+    return quote + 1;
 }
 
 /// From a quote, bracket or brace on, or the end.

@@ -111,6 +111,14 @@ TEST(JsonLocator, FindsTheFirstOfKeysThatAreSpeltInSeveralWays)
     EXPECT_EQ(JsonLocator(text).locate({"b\\/c"}).matched, 0u);
 }
 
+TEST(JsonLocator, TellsAnEscapedQuoteFromOneBehindAnEscapedBackslash)
+{
+    const std::string_view text = R"({"a\\": "\\\\", "\"b\\\"": ["\\", 1]})";
+    EXPECT_EQ(located(text, {"a\\"}), R"("\\\\")");
+    EXPECT_EQ(located(text, {"\"b\\\"", 0u}), R"("\\")");
+    EXPECT_EQ(located(text, {"\"b\\\"", 1u}), "1");
+}
+
 TEST(JsonLocator, FindsValuesBehindLongArraysAndObjectsAndInThem)
 {
     // Lists of every length around those over which it takes one step, with brackets in strings.
