@@ -1,6 +1,7 @@
 #include "exitcode.h"
 #include "spool.h"
 #include "standardstreams.h"
+#include "statechart/outofmemory.h"
 #include "statechart/package/bundlefile.h"
 #include "statechart/package/definitionsizelimit.h"
 #include "subcommands.h"
@@ -23,7 +24,7 @@ int bundle(const Arguments& arguments)
     try {
         bundleDevice(input.path(), output.path());
     } catch (const std::exception& error) {
-        StandardStreams::printErrorLine(error.what());
+        StandardStreams::printErrorLine(failureText(error));
         return exitInputHasErrors;
     }
     output.deliver();

@@ -6,6 +6,7 @@
 #include "spool.h"
 #include "standardstreams.h"
 #include "statechart/check/definitioncheck.h"
+#include "statechart/outofmemory.h"
 #include "statechart/package/definitionsizelimit.h"
 #include "subcommands.h"
 
@@ -126,7 +127,7 @@ int checkAll(const Arguments& arguments)
             if (!checker.check(definition))
                 exitCode = exitInputHasErrors;
         } catch (const std::exception& error) {
-            checker.fail(error.what());
+            checker.fail(failureText(error));
             exitCode = exitInputHasErrors;
         }
     }

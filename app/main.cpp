@@ -3,6 +3,7 @@
 #include "exitcode.h"
 #include "globaloptions.h"
 #include "standardstreams.h"
+#include "statechart/outofmemory.h"
 #include "subcommands.h"
 
 #include <CLI/CLI.hpp>
@@ -60,7 +61,7 @@ int run(const std::vector<std::string>& commandLine)
         StandardStreams::reportError(error.what());
         return exitWrongUsage;
     } catch (const std::exception& error) {
-        StandardStreams::reportError(error.what());
+        StandardStreams::reportError(failureText(error));
         return exitInputHasErrors;
     }
 }

@@ -2,6 +2,7 @@
 #include "exitcode.h"
 #include "spool.h"
 #include "standardstreams.h"
+#include "statechart/outofmemory.h"
 #include "statechart/package/bundlefile.h"
 #include "subcommands.h"
 
@@ -52,7 +53,7 @@ int unbundle(const Arguments& arguments)
         }
         Halvorin::System::writeWholeFiles(files).value();
     } catch (const std::exception& error) {
-        StandardStreams::printErrorLine(error.what());
+        StandardStreams::printErrorLine(failureText(error));
         return exitInputHasErrors;
     }
     return exitDone;

@@ -1,5 +1,6 @@
 #include "HalvCore/temporaryfile.h"
 
+#include "HalvCore/heldsignals.h"
 #include "HalvCore/numbertext.h"
 
 #include <array>
@@ -49,15 +50,18 @@ TemporaryFile::TemporaryFile(const std::filesystem::path& start, const std::stri
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
         const std::string path = start.native() + numberText(random()) + ending;
-        const int slot = registerPath(path); // before there is anything to remove
-        m_descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-        const int error = errno;
+        int error = 0;
+        {
+            // No handler may see the file without its path, nor a path that turns out to be somebody else's.
+            const HeldSignals held;
+            m_descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+            error = errno;
+            m_slot = isOpen() ? registerPath(path) : -1;
+        }
         if (isOpen()) {
             m_path = path;
-            m_slot = slot;
             return;
         }
-        unregisterPath(slot);
         errno = error;
         if (error != EEXIST)
             return;

@@ -1,5 +1,6 @@
 #include "HalvCore/wholefile.h"
 
+#include "HalvCore/heldsignals.h"
 #include "HalvCore/nativepath.h"
 #include "HalvCore/temporaryfile.h"
 
@@ -8,6 +9,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <span>
 #include <string>
 #include <sys/stat.h>
 #include <system_error>
@@ -112,12 +114,12 @@ public:
         return writeTemporary(&existing);
     }
 
+    Expected<void, ErrorCode2> finishInPlace() { return writeInPlace(m_path, m_bytes); }
+
     /// Puts the new content into its place. The old one takes that of the temporary file, where the file
     /// system can do so.
     Expected<void, ErrorCode2> finish()
     {
-        if (isWrittenInPlace())
-            return writeInPlace(m_path, m_bytes);
         const char* const from = m_temporary.path().c_str();
         const char* const to = m_target.c_str();
         if (m_replaces && ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_EXCHANGE) == 0) {
@@ -180,6 +182,30 @@ private:
     State m_state = State::untouched;
 };
 
+using PendingFiles = std::span<PendingFile>;
+
+void undoAll(PendingFiles files)
+{
+    const HeldSignals held;
+    for (PendingFile& file : files)
+        file.undo();
+}
+
+/// All of them or none, also when a signal comes in the middle: a file that was exchanged has its old content
+/// under the name that a handler of signals removes.
+Expected<void, ErrorCode2> finishAll(PendingFiles files)
+{
+    const HeldSignals held;
+    for (std::size_t index = 0; index < files.size(); ++index) {
+        auto finished = files[index].finish();
+        if (finished)
+            continue;
+        undoAll(files.first(index));
+        return finished;
+    }
+    return {};
+}
+
 } // namespace
 
 Expected<void, ErrorCode2> writeWholeFiles(const std::vector<WholeFile>& files)
@@ -190,15 +216,17 @@ Expected<void, ErrorCode2> writeWholeFiles(const std::vector<WholeFile>& files)
         if (auto prepared = pending.emplace_back(file).prepare(); !prepared)
             return prepared;
     }
-    // What is written in place cannot be taken back, and so comes last.
-    std::ranges::stable_partition(pending, [](const PendingFile& file) { return !file.isWrittenInPlace(); });
-    for (std::size_t index = 0; index < pending.size(); ++index) {
-        auto finished = pending[index].finish();
-        if (finished)
-            continue;
-        while (index > 0)
-            pending[--index].undo();
+    // What is written in place cannot be taken back, and may wait for a reader; so it comes last.
+    const auto inPlace = std::ranges::stable_partition(
+        pending, [](const PendingFile& file) { return !file.isWrittenInPlace(); });
+    const PendingFiles replaced(pending.begin(), inPlace.begin());
+    if (auto finished = finishAll(replaced); !finished)
         return finished;
+    for (PendingFile& file : inPlace) {
+        if (auto finished = file.finishInPlace(); !finished) {
+            undoAll(replaced);
+            return finished;
+        }
     }
     return {};
 }

@@ -4,6 +4,7 @@
 #include "actionlanguage/compileresult.h"
 #include "statechart/json/jsonlocator.h"
 #include "statechart/json/jsonvalue.h"
+#include "statechart/outofmemory.h"
 
 #include <cstddef>
 #include <exception>
@@ -62,7 +63,7 @@ public:
     /// Forgets what was recorded.
     void clear() { *this = CompileRecord(m_onFailure); }
 
-    /// Runs `body`; with OnFailure::goOn, what it raises becomes one of failures().
+    /// Runs `body`; with OnFailure::goOn, what it raises becomes one of failures(), unless memory ran out.
     template <class Body>
     void attempt(Body body)
     {
@@ -72,7 +73,9 @@ public:
         }
         try {
             body();
-        } catch (const std::exception&) {
+        } catch (const std::exception& failure) {
+            if (isOutOfMemory(failure))
+                throw;
             keepFailure(std::current_exception());
         }
     }

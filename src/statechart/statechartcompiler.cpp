@@ -1,6 +1,7 @@
 #include "statechart/statechartcompiler.h"
 
 #include "statechart/actionfindings.h"
+#include "statechart/outofmemory.h"
 #include "statechart/text/format.h"
 
 #include <utility>
@@ -18,7 +19,7 @@ decltype(auto) within(const std::string& path, Body body)
     }
 }
 
-/// The same, and gives every other failure a path: `path` itself.
+/// The same, and gives every other failure a path, `path` itself, but the want of memory, which has none.
 template <class Body>
 decltype(auto) withinText(const std::string& path, Body body)
 {
@@ -27,6 +28,8 @@ decltype(auto) withinText(const std::string& path, Body body)
     } catch (const StateChartCompilerException&) {
         throw;
     } catch (const std::exception& failure) {
+        if (isOutOfMemory(failure))
+            throw;
         throw StateChartCompilerException(path, failure.what(), std::current_exception());
     }
 }
@@ -206,8 +209,11 @@ void StateChartCompiler::compileTexts(const JsonObject& definition, const char* 
     m_record.attempt([&] {
         const CompileRecord::Step step = m_record.enter(key);
         compiled.insert(key, withinText(key, [&] {
-                            if (texts->isString())
-                                return JsonArray{(this->*compileText)(texts->asString())};
+                            if (texts->isString()) {
+                                JsonArray only; // an initialiser list would copy what may be large
+                                only.push_back((this->*compileText)(texts->asString()));
+                                return only;
+                            }
                             if (!texts->isArray())
                                 throw std::runtime_error(wrongForm);
                             return compileTextList(texts->asArray(), compileText);

@@ -242,6 +242,29 @@ TEST(Library, NamesTheOverloadsOfPrintAndFormatByTheirTypes)
     }
 }
 
+TEST(Library, SaysWhatIsWrongWithAFormatText)
+{
+    struct Row
+    {
+        const char* arguments;
+        const char* words;
+    };
+    for (const Row& row : std::initializer_list<Row>{
+             {R"("{", 1)", "unmatched '{' in a format"},
+             {R"("}", 1)", "unmatched '}' in a format"},
+             {R"("{1}", 1)", "a format names an argument that is not there"},
+             {R"("{} {}", 1)", "a format names an argument that is not there"},
+             {R"("{0} {}", 1)", "automatic and manual numbering do not mix"},
+         }) {
+        try {
+            (void)printedBy(concatenated({"print(format(", row.arguments, "));"}));
+            ADD_FAILURE() << row.arguments;
+        } catch (const std::exception& failure) {
+            EXPECT_STREQ(failure.what(), row.words) << row.arguments;
+        }
+    }
+}
+
 TEST(Library, FailsInTheRunOnABadFormatText)
 {
     for (const std::string arguments :

@@ -8,6 +8,9 @@ namespace {
 constexpr std::string_view variableLetters = "bcdilsu";
 constexpr int variablesOfEachType = 2;
 
+/// A literal from here on stands for a negative one, which the language has not.
+constexpr std::int32_t firstNegative = 1'500'000'000;
+
 /// Of each type of integers there is a variable that nothing assigns, and that may be divided by.
 constexpr std::string_view divisorLetters = "ilu";
 
@@ -188,8 +191,12 @@ private:
         case 'd':
             return concatenated({std::to_string(below(9)), ".", std::to_string(below(100))});
         case 's':
+            if (below(3) == 0)
+                return below(2) ? "\"{:d}\"" : "\"{\"";
             return concatenated({"\"text ", std::to_string(below(100)), "\""});
         default:
+            if (below(6) == 0)
+                return std::to_string(firstNegative + static_cast<std::int32_t>(below(70)));
             return std::to_string(below(3) ? below(70) : m_random() % 2147483647U);
         }
     }
@@ -254,6 +261,10 @@ private:
         case 'u':
             return concatenated({"min(", expression(letter, depth), ", ", expression(letter, depth), ")"});
         case 's':
+            // Whether this one raises depends on what runs.
+            if (below(2))
+                return concatenated({"format(", expression('s', depth), ", ",
+                                     expression(anyOf(std::string_view("bdilsu")), depth), ")"});
             return concatenated(
                 {"format(\"<{}>\", ", expression(anyOf(std::string_view("bdilsu")), depth), ")"});
         default:
@@ -323,6 +334,24 @@ void appendSource(std::string& source, const Program& program, unsigned indent)
 }
 
 } // namespace
+
+JsonValue withNegativeLiterals(const JsonValue& compiled)
+{
+    if (compiled.isArray()) {
+        JsonArray elements;
+        for (const JsonValue& element : compiled.asArray())
+            elements.push_back(withNegativeLiterals(element));
+        return elements;
+    }
+    if (compiled.isObject()) {
+        JsonObject members;
+        for (const JsonMember& member : compiled.asObject())
+            members.insert(member.key, withNegativeLiterals(member.value));
+        return members;
+    }
+    const bool stands = compiled.isInt() && compiled.asInt() >= firstNegative;
+    return stands ? JsonValue(firstNegative - 1 - compiled.asInt()) : compiled;
+}
 
 Program makeProgram(std::mt19937& random)
 {

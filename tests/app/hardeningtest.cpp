@@ -89,6 +89,47 @@ TEST_F(Hardening, CompilesADefinitionOfFiftyMegabytesInBoundedMemory)
     EXPECT_LT(compiled.peakMemory, megabytes(3000));
 }
 
+/// A definition with one action of so many statements.
+static std::string longAction(std::size_t statements)
+{
+    std::string text = R"({"outputs": {}, "outputDelay": "1n", "start": "a", "states": {"a": {)"
+                       R"("type": "atomic", "onEntry": "int x = 1;)";
+    for (std::size_t statement = 0; statement < statements; ++statement)
+        text += "x=x+1;";
+    return text + "\"}}}";
+}
+
+TEST_F(Hardening, CompilesALongActionInBoundedMemory)
+{
+    folder.write("long.json", longAction(300'000));
+    const ProcessResult compiled = run({"compile", "long.json", "device.json"});
+    EXPECT_EQ(compiled.error, "");
+    EXPECT_EQ(compiled.exitCode, 0);
+    EXPECT_LT(compiled.peakMemory, megabytes(700));
+}
+
+TEST_F(Hardening, RefusesAnActionOfTooManyTokensInBoundedMemory)
+{
+    folder.write("long.json", longAction(3'000'000));
+    const ProcessResult compiled = run({"compile", "long.json", "device.json"});
+    EXPECT_EQ(compiled.exitCode, 1);
+    EXPECT_EQ(compiled.error, "error: more than 2000000 tokens in one text at 'states[\"a\"].onEntry'\n");
+    EXPECT_LT(compiled.peakMemory, megabytes(400));
+}
+
+#ifndef __SANITIZE_ADDRESS__ // which takes address space without end
+TEST_F(Hardening, SaysSoWhenMemoryRunsOut)
+{
+    folder.write("long.json", longAction(300'000));
+    for (const char* command : {"check long.json", "compile long.json out", "bundle long.json out"}) {
+        const ProcessResult result = shell(std::string("ulimit -v 500000; \"$0\" ") + command);
+        EXPECT_EQ(result.exitCode, 1) << command;
+        EXPECT_THAT(result.output + result.error, testing::EndsWith("out of memory\n")) << command;
+        EXPECT_THAT(result.output, testing::Not(testing::HasSubstr("long.json:"))) << command;
+    }
+}
+#endif
+
 TEST_F(Hardening, RefusesActionsThatNestTooDeep)
 {
     constexpr std::size_t depth = 100'000;
@@ -231,7 +272,8 @@ TEST_P(EndingSignals, LeaveNoTemporaryFile)
     options.environment = {{"TMPDIR", "tmp"}, {"SIGNAL", std::to_string(GetParam())}};
     const ProcessResult result = shell(R"(
         mkfifo input
-        "$0" compile - device.json < input & pid=$!
+        ulimit -c 0
+        env --default-signal=INT,QUIT "$0" compile - device.json < input & pid=$!
         exec 3> input
         printf '{' >&3
         until ls tmp | grep -q .; do sleep 0.01; done
@@ -244,5 +286,6 @@ TEST_P(EndingSignals, LeaveNoTemporaryFile)
     EXPECT_FALSE(std::filesystem::exists(folder / "device.json"));
 }
 
-// SIGINT is ignored by what a script has in the background.
-INSTANTIATE_TEST_SUITE_P(EachKind, EndingSignals, testing::Values(SIGHUP, SIGTERM));
+INSTANTIATE_TEST_SUITE_P(EachKind, EndingSignals,
+                         testing::Values(SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM,
+                                         SIGVTALRM, SIGPROF, SIGPOLL, SIGPWR, SIGSTKFLT, SIGRTMIN, SIGRTMAX));

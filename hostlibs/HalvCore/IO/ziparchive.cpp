@@ -40,6 +40,16 @@ ErrorCode2 damagedItem(const std::string& name, const char* words)
     return ErrorCode2(FileError::damaged, "item '" + name + "' (" + words + ")");
 }
 
+ErrorCode2 tooManyItems()
+{
+    return ErrorCode2(FileError::tooLarge, "the number of items in the archive");
+}
+
+ErrorCode2 tooMuchContent()
+{
+    return ErrorCode2(FileError::tooLarge, "the content of the archive");
+}
+
 /// The number of items that the wide form of the end record claims. The zip library makes room for that
 /// many before it looks whether they are there.
 std::uint64_t claimedItems(std::string_view archive)
@@ -82,7 +92,7 @@ Expected<std::string, ErrorCode2> readItem(zip_t& archive, zip_uint64_t index, c
         if (count == 0)
             return content;
         if (content.size() + static_cast<std::size_t>(count) > limit)
-            return ErrorCode2(FileError::tooLarge, "the content of the archive");
+            return tooMuchContent();
         content.append(block.data(), static_cast<std::size_t>(count));
     }
 }
@@ -130,9 +140,8 @@ Expected<ByteArray2, ErrorCode2> bytesOf(zip_source_t& source)
 
 Expected<std::vector<ZipItem>, ErrorCode2> readZipArchive(std::string_view bytes, ZipLimits limits)
 {
-    const ErrorCode2 tooMany(FileError::tooLarge, "the number of items in the archive");
     if (claimedItems(bytes) > limits.items)
-        return tooMany;
+        return tooManyItems();
     ZipFailure failure;
     const Archive archive = openArchive(
         Source(zip_source_buffer_create(bytes.data(), bytes.size(), 0, failure.get())), ZIP_RDONLY, failure);
@@ -140,7 +149,7 @@ Expected<std::vector<ZipItem>, ErrorCode2> readZipArchive(std::string_view bytes
         return ErrorCode2(FileError::damaged, failure.words());
     const auto count = static_cast<zip_uint64_t>(zip_get_num_entries(archive.get(), 0));
     if (count > limits.items)
-        return tooMany;
+        return tooManyItems();
 
     std::vector<ZipItem> items;
     std::size_t left = limits.contentBytes;
@@ -158,6 +167,19 @@ Expected<std::vector<ZipItem>, ErrorCode2> readZipArchive(std::string_view bytes
         items.push_back({name, std::move(content).value(), !stored});
     }
     return items;
+}
+
+Expected<void, ErrorCode2> checkZipLimits(const std::vector<ZipItem>& items, ZipLimits limits)
+{
+    if (items.size() > limits.items)
+        return tooManyItems();
+    std::size_t left = limits.contentBytes;
+    for (const ZipItem& item : items) {
+        if (item.content.size() > left)
+            return tooMuchContent();
+        left -= item.content.size();
+    }
+    return {};
 }
 
 Expected<ByteArray2, ErrorCode2> writeZipArchive(const std::vector<ZipItem>& items)

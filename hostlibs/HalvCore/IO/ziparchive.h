@@ -29,6 +29,9 @@ struct ZipLimits
 /// what is really there, whatever the archive says of itself.
 Expected<std::vector<ZipItem>, ErrorCode2> readZipArchive(std::string_view archive, ZipLimits limits);
 
+/// Whether readZipArchive() would take an archive of these items.
+Expected<void, ErrorCode2> checkZipLimits(const std::vector<ZipItem>& items, ZipLimits limits);
+
 /// Items have one fixed time stamp: the same items give the same bytes.
 Expected<ByteArray2, ErrorCode2> writeZipArchive(const std::vector<ZipItem>& items);
 

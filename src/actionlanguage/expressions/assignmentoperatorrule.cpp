@@ -41,7 +41,7 @@ void AssignmentOperatorRule::apply(ItemList& items, AbstractCompiler& compiler) 
             throw CompilationException(LanguageError::noAssignmentOperator, operatorItem.span());
 
         const unsigned depth = right.depth() + 1;
-        JsonObject form = operatorForm(ruleName);
+        JsonObject form = operatorForm(ruleName, 6);
         form.insert("ltype", CompiledForm::spelling(variable.type));
         form.insert("rtype", CompiledForm::spelling(right.type()));
         form.insert("lhs", CompiledForm::variable(variable.type, variable.id));

@@ -122,7 +122,7 @@ bool CharLiteralRule::canLink(const JsonValue& form) const
 
 ExpressionCompilationObject CharLiteralRule::compile(const Token& token, AbstractCompiler& compiler) const
 {
-    JsonObject form = CompiledForm::rule(charLiteralName);
+    JsonObject form = CompiledForm::rule(charLiteralName, 2);
     form.insert("value", decodedLiteral(token, compiler));
     return {std::move(form), DataType::character};
 }

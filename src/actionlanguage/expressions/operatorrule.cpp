@@ -10,9 +10,9 @@ bool AbstractOperatorRule::standsIn(const ItemList& items) const
     return std::ranges::any_of(items, [&](const ExpressionItem& item) { return item.isOperator(m_text); });
 }
 
-JsonObject AbstractOperatorRule::operatorForm(std::string_view ruleName) const
+JsonObject AbstractOperatorRule::operatorForm(std::string_view ruleName, std::size_t members) const
 {
-    JsonObject form = CompiledForm::rule(ruleName);
+    JsonObject form = CompiledForm::rule(ruleName, members);
     form.insert("op", m_text);
     return form;
 }

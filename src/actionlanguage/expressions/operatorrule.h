@@ -17,7 +17,7 @@ protected:
     bool standsIn(const ItemList& items) const;
 
     /// {"rule": name, "op": text}
-    JsonObject operatorForm(std::string_view ruleName) const;
+    JsonObject operatorForm(std::string_view ruleName, std::size_t members = 4) const;
 
 private:
     std::string m_text;

@@ -17,7 +17,7 @@ LinkedExpression reading(std::shared_ptr<T> storage)
 
 ExpressionCompilationObject VariableRule::compile(const VariableReference& variable) const
 {
-    JsonObject form = CompiledForm::rule(ruleName);
+    JsonObject form = CompiledForm::rule(ruleName, 3);
     form.insert("id", variable.id);
     form.insert("type", CompiledForm::spelling(variable.type));
     return ExpressionCompilationObject(std::move(form), variable.type);

@@ -4,10 +4,10 @@
 
 namespace CompiledForm {
 
-JsonObject rule(std::string_view name)
+JsonObject rule(std::string_view name, std::size_t members)
 {
     JsonObject form;
-    form.reserve(4); // as many as most rules have
+    form.reserve(members);
     form.insert("rule", name);
     return form;
 }

@@ -7,8 +7,8 @@
 /// is null, a compound statement an array, and everything else an object whose "rule" says what it is.
 namespace CompiledForm {
 
-/// {"rule": name}
-JsonObject rule(std::string_view name);
+/// {"rule": name}, with room for so many members: charts hold hundreds of thousands of forms.
+JsonObject rule(std::string_view name, std::size_t members = 4);
 
 /// {"type": its type, "expr": its form}
 JsonObject typed(ExpressionCompilationObject expression);

@@ -24,7 +24,7 @@ JsonValue DoWhileRule::compile(TokenStream& tokens, AbstractCompiler& compiler) 
     expect(tokens, KeywordId::do_, LanguageError::unexpectedToken);
     JsonValue loop = compiler.compileStatement(tokens);
     expect(tokens, KeywordId::while_, LanguageError::expectedWhile);
-    JsonObject form = CompiledForm::rule(ruleName);
+    JsonObject form = CompiledForm::rule(ruleName, 3);
     form.insert("cond", compileParenthesisedCondition(tokens, compiler));
     form.insert("loop", std::move(loop));
     expect(tokens, PunctuatorId::semicolon, LanguageError::expectedSemicolonToken);

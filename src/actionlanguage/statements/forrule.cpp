@@ -23,7 +23,7 @@ JsonValue ForRule::compile(TokenStream& tokens, AbstractCompiler& compiler) cons
     compiler.pushScope();
     expect(tokens, KeywordId::for_, LanguageError::unexpectedToken);
     expect(tokens, PunctuatorId::openParenthesis, LanguageError::expectedOpenParenthesis);
-    JsonObject form = CompiledForm::rule(ruleName);
+    JsonObject form = CompiledForm::rule(ruleName, 5);
     if (!tokens.take(PunctuatorId::semicolon))
         form.insert("init", compileInit(tokens, compiler));
 

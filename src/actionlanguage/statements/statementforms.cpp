@@ -6,7 +6,7 @@
 
 JsonValue expressionStatementForm(ExpressionCompilationObject expression)
 {
-    JsonObject form = CompiledForm::rule("expr");
+    JsonObject form = CompiledForm::rule("expr", 3);
     form.insert("type", CompiledForm::spelling(expression.type()));
     form.insert("expr", std::move(expression).form());
     return form;

@@ -22,7 +22,7 @@ JsonValue WhileRule::compile(TokenStream& tokens, AbstractCompiler& compiler) co
 {
     compiler.pushScope();
     expect(tokens, KeywordId::while_, LanguageError::unexpectedToken);
-    JsonObject form = CompiledForm::rule(ruleName);
+    JsonObject form = CompiledForm::rule(ruleName, 3);
     form.insert("cond", compileParenthesisedCondition(tokens, compiler));
     form.insert("loop", compiler.compileStatement(tokens));
     compiler.popScope();

@@ -1,5 +1,6 @@
 #include "actionlanguage/tokens/compilationexception.h"
 
+#include "actionlanguage/tokens/tokeniser.h"
 #include "statechart/text/format.h"
 
 CompilationException::CompilationException(LanguageError code, const SourceSpan& span)
@@ -26,6 +27,11 @@ std::string NestingException::message(std::string_view source) const
 
 LiteralConversionException::LiteralConversionException(const char* text, const SourceSpan& span)
     : std::runtime_error(text), m_span(span)
+{}
+
+TooManyTokensException::TooManyTokensException(const SourceSpan& span)
+    : TokeniserAllocationFailure(span.position),
+      m_text(formatText("more than {} tokens in one text", maximumTokens)), m_span(span)
 {}
 
 const char* TokeniserAllocationFailure::what() const noexcept

@@ -68,4 +68,20 @@ private:
     std::uint64_t m_position;
 };
 
+/// A text of more tokens than the compiler takes, since it would need many times its size in memory. what()
+/// is "more than 2000000 tokens in one text".
+class HALVWIDGETS_EXPORT TooManyTokensException : public TokeniserAllocationFailure
+{
+public:
+    /// @param span the first token beyond the limit.
+    explicit TooManyTokensException(const SourceSpan& span);
+
+    const char* what() const noexcept override { return m_text.what(); }
+    const SourceSpan& span() const { return m_span; }
+
+private:
+    std::runtime_error m_text;
+    SourceSpan m_span;
+};
+
 #endif

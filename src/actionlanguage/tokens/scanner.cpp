@@ -1,6 +1,7 @@
 #include "actionlanguage/tokens/scanner.h"
 
 #include "actionlanguage/tokens/compilationexception.h"
+#include "actionlanguage/tokens/tokeniser.h"
 
 #include <algorithm>
 
@@ -27,7 +28,7 @@ constexpr bool isExponent(char byte)
 Scanner::Scanner(std::string_view source, std::vector<Diagnostic>& diagnostics)
     : m_source(source), m_diagnostics(diagnostics)
 {
-    m_tokens.reserve(source.size() / 6);
+    m_tokens.reserve(std::min(source.size() / 6, maximumTokens));
 }
 
 std::vector<Token> Scanner::scan()
@@ -237,6 +238,8 @@ void Scanner::character()
 
 void Scanner::take(std::size_t end, Token::Detail detail)
 {
+    if (m_tokens.size() == maximumTokens)
+        throw TooManyTokensException({m_position, end - m_position});
     m_tokens.emplace_back(m_source.substr(m_position, end - m_position), m_position, detail);
     m_position = end;
 }

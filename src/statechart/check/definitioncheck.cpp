@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::string_view numberCharacters = "+-.0123456789Ee";
 
-constexpr auto lints = {lintStates, lintTransitions, lintEndlessTransitions,
-                        lintNames,  lintExpressions, lintNumbers};
+constexpr auto lints = {lintStates,  lintTransitions, lintEndlessTransitions, lintNames, lintExpressions,
+                        lintNumbers, lintKeys};
 
 void addUnknownEscape(const Diagnostic& warning, const EscapePlaces& places, const ActionText& text,
                       FindingReport& report)

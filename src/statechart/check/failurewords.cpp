@@ -57,6 +57,8 @@ std::vector<FailureWords> wordsOf(const std::exception_ptr& failure, std::string
         return {wordsOfError(exception, source)};
     } catch (const LiteralConversionException& exception) {
         return {{exception.what(), std::nullopt, exception.span()}};
+    } catch (const TooManyTokensException& exception) {
+        return {{exception.what(), std::nullopt, exception.span()}};
     } catch (const TokeniserAllocationFailure& exception) {
         const Diagnostic unknown{static_cast<std::uint32_t>(LanguageError::unknownToken),
                                  exception.position(), 1};

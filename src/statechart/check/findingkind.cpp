@@ -51,6 +51,8 @@ constexpr auto kinds = std::to_array<FindingKindInfo>({
     {FindingKind::undrivenOutput, "undriven-output", Severity::warning, "no action drives an output"},
     {FindingKind::unusedDeclaration, "unused-declaration", Severity::warning,
      "no action uses an input, variable or parameter"},
+    {FindingKind::unwritableKey, "unwritable-key", Severity::warning,
+     "a key has a quote or a backslash, so that it cannot be read back once it is written"},
     {FindingKind::constantCondition, "constant-condition", Severity::warning,
      "a condition is always true or always false"},
     {FindingKind::divisionByZero, "division-by-zero", Severity::warning,

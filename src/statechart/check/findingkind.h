@@ -35,6 +35,7 @@ enum class FindingKind : std::uint32_t
     indexOutOfRange,
     undrivenOutput,
     unusedDeclaration,
+    unwritableKey,
     constantCondition,
     divisionByZero,
 };

@@ -5,6 +5,32 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+// Far above what anybody reads. Names of any length stand in texts and paths, of each finding again.
+constexpr std::size_t longestShown = 2000;
+
+bool isInsideCharacter(const std::string& text, std::size_t place)
+{
+    return (static_cast<unsigned char>(text[place]) & 0xc0) == 0x80;
+}
+
+/// The start and the end of a text that is too long.
+std::string shown(std::string text)
+{
+    if (text.size() <= longestShown)
+        return text;
+    std::size_t head = longestShown / 2;
+    std::size_t tail = text.size() - longestShown / 2;
+    for (int bytes = 0; bytes < 3 && isInsideCharacter(text, head); ++bytes)
+        --head;
+    for (int bytes = 0; bytes < 3 && isInsideCharacter(text, tail); ++bytes)
+        ++tail;
+    return text.substr(0, head) + "…" + text.substr(tail);
+}
+
+} // namespace
+
 void FindingReport::addAtKey(const Words& words, const JsonPath& path)
 {
     const JsonLocation location = locator().locate(path);
@@ -40,8 +66,8 @@ void FindingReport::add(const Words& words, const JsonPath& path, const JsonRang
     m_findings.push_back({.kind = words.kind,
                           .severity = m_rules.severityOf(words.kind),
                           .code = words.code,
-                          .text = words.text,
-                          .path = definitionPathText(path),
+                          .text = shown(words.text),
+                          .path = shown(definitionPathText(path)),
                           .line = place.line,
                           .column = place.column,
                           .offset = range.offset,
@@ -49,7 +75,7 @@ void FindingReport::add(const Words& words, const JsonPath& path, const JsonRang
                           .sourceLine = m_lines.line(place.line)});
 }
 
-const JsonLocator& FindingReport::locator()
+JsonLocator& FindingReport::locator()
 {
     if (!m_locator)
         m_locator.emplace(m_definition);

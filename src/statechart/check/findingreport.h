@@ -48,7 +48,7 @@ public:
 
 private:
     void add(const Words& words, const JsonPath& path, const JsonRange& range);
-    const JsonLocator& locator();
+    JsonLocator& locator();
     const JsonStringOffsets& offsetsIn(const ActionText& text);
     JsonRange rangeOf(const JsonPath& path);
 

@@ -25,5 +25,6 @@ void lintEndlessTransitions(const CheckedDefinition& checked, FindingReport& rep
 void lintNames(const CheckedDefinition& checked, FindingReport& report);
 void lintExpressions(const CheckedDefinition& checked, FindingReport& report);
 void lintNumbers(const CheckedDefinition& checked, FindingReport& report);
+void lintKeys(const CheckedDefinition& checked, FindingReport& report);
 
 #endif

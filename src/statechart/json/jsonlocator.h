@@ -2,10 +2,10 @@
 #define JSONLOCATOR_H
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -33,9 +33,10 @@ struct JsonLocation
     std::size_t matched = 0;      ///< how many segments of the path there are
 };
 
-/// Where every value of a document stands, found in one pass and with no stack for depth. The text, which
-/// must outlive this, is taken for one that the reader accepts; on any other the places are a guess within
-/// it.
+/// Finds where values of a document stand, with no stack for depth. It goes over the text once, and then only
+/// over the arrays and objects on the paths that it is asked for; what it keeps is small beside the text. The
+/// text, which must outlive this, is taken for one that the reader accepts; on any other the places are a
+/// guess within it.
 ///
 ///     JsonLocator(R"({"a": [1, 22]})").locate({"a", 1u}).value   // offset 10, length 2
 class JsonLocator
@@ -45,49 +46,36 @@ public:
 
     /// The place of the value that a path leads to, or of the deepest one on the way that there is. The first
     /// of duplicate keys counts, as it does for the reader.
-    JsonLocation locate(const JsonPath& path) const;
+    JsonLocation locate(const JsonPath& path);
 
 private:
-    struct Value
+    struct Member
     {
-        JsonRange range;
-        std::optional<JsonRange> key;
+        std::size_t key; // where it starts, with its quote
+        std::size_t value;
     };
 
-    struct Step
-    {
-        std::size_t from; // an index of m_values
-        JsonPathSegment segment;
-
-        friend bool operator==(const Step&, const Step&) = default;
-    };
-
-    struct StepHash
-    {
-        std::size_t operator()(const Step& step) const;
-    };
-
+    /// An array or object on the way to a value that somebody asked for.
     struct Container
     {
-        std::size_t value; // an index of m_values
-        bool isObject;
-        std::size_t count = 0;
+        std::vector<Member> members;       // by key, the earlier of equal ones first
+        std::vector<std::size_t> elements; // where every sixteenth starts
     };
 
-    char here() const { return m_position < m_text.size() ? m_text[m_position] : '\0'; }
-    void skipWhitespace();
-    void findAll();
-    void enterNext();
-    void findMember();
-    void add(std::optional<Step> step, const std::optional<JsonRange>& key);
-    void endContainer();
-    std::string takeString();
+    void findLongContainers();
+    std::size_t behindValue(std::size_t position) const;
+    std::size_t behindContainer(std::size_t position) const;
+    const JsonRange* longContainerAt(std::size_t position) const;
+    std::size_t itemFrom(std::size_t position) const;
+    const Container& container(std::size_t position);
+    Container readContainer(std::size_t position) const;
+    std::optional<Member> readMember(std::size_t position) const;
+    std::optional<Member> memberOf(std::size_t object, std::string_view key);
+    std::optional<std::size_t> elementOf(std::size_t array, std::size_t index);
 
     std::string_view m_text;
-    std::size_t m_position = 0;
-    std::vector<Value> m_values; // the first is the whole document
-    std::vector<Container> m_open;
-    std::unordered_map<Step, std::size_t, StepHash> m_steps;
+    std::vector<JsonRange> m_longContainers; // those that it takes long to go over, in the order of the text
+    std::map<std::size_t, Container> m_containers;
 };
 
 /// Where the bytes of a string value stand in the text of its document: an escape is two bytes there and one

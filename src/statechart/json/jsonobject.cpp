@@ -8,6 +8,9 @@ namespace {
 // As long as there are no more members, they do without buckets.
 constexpr std::size_t initialBuckets = 8;
 
+// Chance makes no chain of that length: among ten million keys the longest has about a dozen.
+constexpr std::uint32_t longestChain = 32;
+
 std::uint64_t hashOf(std::string_view key)
 {
     std::uint64_t hash = 0xcbf29ce484222325u;
@@ -48,7 +51,7 @@ void JsonObject::reserve(std::size_t count)
 
 const JsonValue* JsonObject::find(std::string_view key) const
 {
-    const std::uint32_t index = indexOf(key, hashFor(key));
+    const std::uint32_t index = placeOf(key, hashFor(key)).index;
     return index == none ? nullptr : &m_members[index].value;
 }
 
@@ -68,9 +71,10 @@ const JsonValue& JsonObject::at(std::string_view key) const
 bool JsonObject::insert(std::string key, JsonValue value)
 {
     const std::uint64_t hash = hashFor(key);
-    if (indexOf(key, hash) != none)
+    const Place place = placeOf(key, hash);
+    if (place.index != none)
         return false;
-    append({std::move(key), std::move(value)}, hash);
+    append({std::move(key), std::move(value)}, hash, place.compared);
     return true;
 }
 
@@ -79,19 +83,20 @@ void JsonObject::insertAll(JsonMember* first, JsonMember* last)
     reserve(size() + static_cast<std::size_t>(last - first));
     for (; first != last; ++first) {
         const std::uint64_t hash = hashFor(first->key);
-        if (indexOf(first->key, hash) == none)
-            append(std::move(*first), hash);
+        const Place place = placeOf(first->key, hash);
+        if (place.index == none)
+            append(std::move(*first), hash, place.compared);
     }
 }
 
 JsonValue& JsonObject::set(std::string key, JsonValue value)
 {
     const std::uint64_t hash = hashFor(key);
-    const std::uint32_t index = indexOf(key, hash);
-    if (index == none)
-        return append({std::move(key), std::move(value)}, hash);
-    m_members[index].value = std::move(value);
-    return m_members[index].value;
+    const Place place = placeOf(key, hash);
+    if (place.index == none)
+        return append({std::move(key), std::move(value)}, hash, place.compared);
+    m_members[place.index].value = std::move(value);
+    return m_members[place.index].value;
 }
 
 /// 0 while there are no buckets, which nobody asks for it then.
@@ -100,22 +105,32 @@ std::uint64_t JsonObject::hashFor(std::string_view key) const
     return !m_index ? 0 : hashOf(key);
 }
 
-std::uint32_t JsonObject::indexOf(std::string_view key, std::uint64_t hash) const
+JsonObject::Place JsonObject::placeOf(std::string_view key, std::uint64_t hash) const
 {
     if (!m_index) {
-        for (std::uint32_t index = 0; index < m_members.size(); ++index) {
-            if (m_members[index].key == key)
-                return index;
-        }
-        return none;
+        std::uint32_t index = 0;
+        while (index < m_members.size() && m_members[index].key != key)
+            ++index;
+        return {index < m_members.size() ? index : none, index};
     }
-    std::uint32_t index = (*m_index)[bucketOf(hash, bucketCount())];
-    while (index != none && m_members[index].key != key)
-        index = (*m_index)[bucketCount() + index];
-    return index;
+    if (!m_index->tree.empty())
+        return placeInTree(key);
+    const std::vector<std::uint32_t>& chains = m_index->chains;
+    Place place{chains[bucketOf(hash, bucketCount())], 0};
+    while (place.index != none && m_members[place.index].key != key) {
+        place.index = chains[bucketCount() + place.index];
+        ++place.compared;
+    }
+    return place;
 }
 
-JsonValue& JsonObject::append(JsonMember&& member, std::uint64_t hash)
+JsonObject::Place JsonObject::placeInTree(std::string_view key) const
+{
+    const std::uint32_t candidate = m_index->tree.candidateFor(key);
+    return {m_members[candidate].key == key ? candidate : none, 1};
+}
+
+JsonValue& JsonObject::append(JsonMember&& member, std::uint64_t hash, std::uint32_t compared)
 {
     const auto index = static_cast<std::uint32_t>(m_members.size());
     m_members.push_back(std::move(member));
@@ -124,19 +139,38 @@ JsonValue& JsonObject::append(JsonMember&& member, std::uint64_t hash)
         rehash(room * 2);
     else if (m_index)
         chain(index, hash);
+    if (m_index && !m_index->tree.empty()) {
+        addToTree(index);
+    } else if (compared >= longestChain) {
+        for (std::uint32_t each = 0; each < m_members.size(); ++each)
+            addToTree(each);
+    }
     return m_members.back().value;
 }
 
 void JsonObject::chain(std::uint32_t index, std::uint64_t hash)
 {
-    std::uint32_t& bucket = (*m_index)[bucketOf(hash, bucketCount())];
-    (*m_index)[bucketCount() + index] = bucket;
+    std::vector<std::uint32_t>& chains = m_index->chains;
+    std::uint32_t& bucket = chains[bucketOf(hash, bucketCount())];
+    chains[bucketCount() + index] = bucket;
     bucket = index;
 }
 
+/// Leaves the tree as it is.
 void JsonObject::rehash(std::size_t buckets)
 {
-    m_index = std::make_unique<Index>(buckets * 2, none);
+    if (!m_index)
+        m_index = std::make_unique<Index>();
+    m_index->chains.assign(buckets * 2, none);
     for (std::uint32_t index = 0; index < m_members.size(); ++index)
         chain(index, hashOf(m_members[index].key));
+}
+
+void JsonObject::addToTree(std::uint32_t index)
+{
+    JsonKeyTree& tree = m_index->tree;
+    const std::string_view key = m_members[index].key;
+    const std::uint32_t candidate = tree.candidateFor(key);
+    tree.insert(key, index, candidate,
+                candidate == JsonKeyTree::none ? std::string_view() : m_members[candidate].key);
 }

@@ -3,6 +3,7 @@
 
 #include "halvwidgetsexport.h"
 #include "statechart/json/jsonexceptions.h"
+#include "statechart/json/jsonkeytree.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -60,7 +61,8 @@ private:
 /// Members by key: a hash map (64-bit FNV-1a, load factor 1.0, 8 buckets at first) whose own sequence is
 /// the order of insertion, so that a document that was read and written differs only where it changed. As
 /// long as the first 8 buckets would do, there are none: so few keys are compared sooner than hashed. An
-/// empty one holds no memory.
+/// empty one holds no memory. Keys that were made to meet in one bucket are found all the same: where a chain
+/// grows long, a tree of the keys takes the place of the buckets.
 class HALVWIDGETS_EXPORT JsonObject
 {
 public:
@@ -99,6 +101,9 @@ public:
     /// Adds a member, or gives the one with this key another value, in its old place.
     JsonValue& set(std::string key, JsonValue value);
 
+    /// How many keys a look-up of this one compares it with.
+    std::size_t comparisonsFor(std::string_view key) const { return placeOf(key, hashFor(key)).compared; }
+
     /// Equal members under equal keys, in whatever sequence.
     friend bool operator==(const JsonObject& left, const JsonObject& right);
 
@@ -107,18 +112,31 @@ private:
 
     static constexpr std::uint32_t none = 0xffffffff;
 
+    /// Where a member stands, or none, and with how many keys its own was compared to find out.
+    struct Place
+    {
+        std::uint32_t index;
+        std::uint32_t compared;
+    };
+
     std::uint64_t hashFor(std::string_view key) const;
-    std::uint32_t indexOf(std::string_view key, std::uint64_t hash) const;
-    JsonValue& append(JsonMember&& member, std::uint64_t hash);
+    Place placeOf(std::string_view key, std::uint64_t hash) const;
+    Place placeInTree(std::string_view key) const;
+    JsonValue& append(JsonMember&& member, std::uint64_t hash, std::uint32_t compared);
     void chain(std::uint32_t index, std::uint64_t hash);
     void rehash(std::size_t buckets);
-    std::size_t bucketCount() const { return m_index ? m_index->size() / 2 : 0; }
+    void addToTree(std::uint32_t index);
+    std::size_t bucketCount() const { return m_index ? m_index->chains.size() / 2 : 0; }
 
     std::vector<JsonMember> m_members;
 
-    // For each bucket the first member of its chain, or none; and behind them, for each member, the next one
-    // of its chain, or none. There is a place for as many members as there are buckets.
-    using Index = std::vector<std::uint32_t>;
+    struct Index
+    {
+        // For each bucket the first member of its chain, or none; and behind them, for each member, the next
+        // one of its chain, or none. There is a place for as many members as there are buckets.
+        std::vector<std::uint32_t> chains;
+        JsonKeyTree tree; // empty unless a chain grew long, then of all members
+    };
 
     std::unique_ptr<Index> m_index; // null as long as the members would fit into the first buckets
 };

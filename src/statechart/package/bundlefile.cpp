@@ -3,6 +3,8 @@
 #include "HalvCore/filepath.h"
 #include "HalvCore/filepath2.h"
 #include "HalvCore/wholefile.h"
+#include "statechart/definitionpath.h"
+#include "statechart/json/jsonkeys.h"
 #include "statechart/json/jsonwriter.h"
 #include "statechart/package/bundleparts.h"
 #include "statechart/package/definitioncompile.h"
@@ -34,6 +36,16 @@ bool isSameFile(const FilePath& first, const FilePath& second)
            std::filesystem::equivalent(first.toStdPath(), second.toStdPath(), ignored);
 }
 
+/// It would be written, and could not be read.
+void refuseUnwritableKeys(const JsonObject& definition)
+{
+    forEachUnwritableKey(definition, [](const JsonPath& path) -> bool {
+        throw std::runtime_error(
+            formatText("the key '{}' at {} cannot be written: it has a quote or a backslash",
+                       std::get<std::string>(path.back()), definitionPathText(path)));
+    });
+}
+
 } // namespace
 
 void bundleDevice(const std::string& definitionPath, const std::string& bundlePath)
@@ -44,6 +56,7 @@ void bundleDevice(const std::string& definitionPath, const std::string& bundlePa
             formatText("the bundle '{}' would replace the definition that it is made of", bundlePath));
     const auto text = Halvorin::System::readWholeFile(path.toStdPath(), definitionSizeLimit).value();
     const JsonObject definition = readDefinitionDocument(std::string(text.toStdStringView()));
+    refuseUnwritableKeys(definition);
 
     ContentBundle bundle;
     writeDefinition(bundle, definition);

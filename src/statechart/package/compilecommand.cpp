@@ -3,6 +3,7 @@
 #include "HalvCore/filepath.h"
 #include "HalvCore/widetext.h"
 #include "statechart/json/jsonwriter.h"
+#include "statechart/outofmemory.h"
 #include "statechart/package/definitioncompile.h"
 #include "statechart/package/definitionsizelimit.h"
 #include "statechart/text/format.h"
@@ -44,9 +45,9 @@ std::string textOf(std::istream& input, const FilePath& path)
     return text;
 }
 
-void writeOutput(std::ofstream& output, const std::string& text, const FilePath& path)
+void writeOutput(std::ofstream& output, const JsonValue& device, const FilePath& path)
 {
-    output << text;
+    write(output, device);
     output.close();
     if (output)
         return;
@@ -65,7 +66,7 @@ void compileFile(const FilePath& inputPath, const FilePath& outputPath)
         throw failure("unable to open output file '{}'", outputPath);
 
     const JsonObject definition = readDefinitionDocument(textOf(input, inputPath));
-    writeOutput(output, toString(compileDefinitionDocument(definition)), outputPath);
+    writeOutput(output, compileDefinitionDocument(definition), outputPath);
 }
 
 } // namespace
@@ -76,6 +77,6 @@ std::vector<std::string> compileDigitalDeviceStateChart(const char* inputPath, c
         compileFile(Halvorin::System::wideText(inputPath), Halvorin::System::wideText(outputPath));
         return {"Ok"};
     } catch (const std::exception& error) {
-        return {"Error", error.what()};
+        return {"Error", failureText(error)};
     }
 }

@@ -193,6 +193,19 @@ TEST(Tokeniser, MakesRoomForOneTokenInSixBytes)
     EXPECT_EQ(tokenised("").tokens.capacity(), 0u);
 }
 
+TEST(Tokeniser, RefusesATextOfMoreTokensThanTheLimit)
+{
+    const std::string most(maximumTokens, ';');
+    EXPECT_EQ(tokenised(most).tokens.size(), maximumTokens);
+    try {
+        (void)tokenised(most + "abc;");
+        ADD_FAILURE() << "takes more";
+    } catch (const TooManyTokensException& failure) {
+        EXPECT_STREQ(failure.what(), "more than 2000000 tokens in one text");
+        EXPECT_EQ(failure.span(), (SourceSpan{maximumTokens, 3}));
+    }
+}
+
 TEST(Token, RefusesThePayloadOfAnotherKind)
 {
     const std::vector<Token> tokens = tokenised("a int 1 ;").tokens;

@@ -219,6 +219,48 @@ TEST(HostilePackage, WithEntitiesThatGrowIsRefused)
                 testing::HasSubstr("a document type definition is not allowed"));
 }
 
+TEST(HostilePackage, WithAnElementOfManyAttributesOrNamespacesIsRefused)
+{
+    for (const std::string attribute : {" a", " xmlns:a"}) {
+        for (const bool onRoot : {true, false}) {
+            std::string many;
+            for (int i = 0; i < 100'000; ++i)
+                many += attribute + std::to_string(i) + "='u'";
+            const std::string xml =
+                "<Types xmlns='http://schemas.openxmlformats.org/package/2006/content-types'" +
+                (onRoot ? many : ">\n<Default" + many) + "/>";
+            EXPECT_EQ(
+                errorOf(archiveOf({{"[Content_Types].xml", xml}})),
+                std::string("the file is damaged: [Content_Types].xml: an element is too long at line ") +
+                    (onRoot ? "1" : "2"));
+        }
+    }
+}
+
+TEST(HostilePackage, WithMoreThanADocumentInItsXmlIsRefused)
+{
+    for (const std::string behind : {"<a/>", "text", "<Types/>", "&amp;", "\n\n<!-- a comment --> x"}) {
+        for (const std::size_t blanks : {0, 500, 4000}) {
+            EXPECT_THAT(errorOf(archiveOf(
+                            {{"[Content_Types].xml", contentTypes + std::string(blanks, ' ') + behind}})),
+                        testing::StartsWith("the file is damaged: [Content_Types].xml: "))
+                << behind << blanks;
+        }
+    }
+}
+
+TEST(HostilePackage, WithXmlThatIsTooLargeIsRefused)
+{
+    std::string xml(contentTypes);
+    while (xml.size() <= std::size_t{8} << 20)
+        xml.append("<!--").append(1000, ' ').append("-->");
+    EXPECT_EQ(errorOf(archiveOf({{"[Content_Types].xml", xml}})),
+              "the file is too large: item '[Content_Types].xml'");
+    xml.resize(std::size_t{1} << 20);
+    xml.resize(xml.rfind("<!--"));
+    EXPECT_EQ(errorOf(archiveOf({{"[Content_Types].xml", xml}})), "");
+}
+
 TEST(HostilePackage, ThatIsEncryptedIsRefused)
 {
     const TemporaryFolder folder;

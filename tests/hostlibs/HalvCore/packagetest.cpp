@@ -162,3 +162,42 @@ TEST(ContentBundle, SaysWhyItCannotBeWrittenOrRead)
     ASSERT_FALSE(missing.hasValue());
     EXPECT_EQ(missing.error().code(), ErrorCode(FileError::notFound));
 }
+
+TEST(OpcPackage, IsNotWrittenWhenItCouldNotBeReadBack)
+{
+    const auto wordsOf = [](const OpcPackage& package) {
+        const auto bytes = package.toBytes();
+        return bytes ? "" : bytes.error().message();
+    };
+    OpcPackage large;
+    const std::string half(packageContentLimit / 2, '0');
+    for (const wchar_t* name : {L"a.json", L"b.json"}) {
+        auto part = large.createPart(OpcPackagePartUri(name), "text/plain", CompressionOption::normal);
+        part->writeContent(text(half), WriteMode::replace).value();
+    }
+    EXPECT_EQ(wordsOf(large), "the file is too large: the content of the archive");
+
+    OpcPackage many;
+    for (std::size_t i = 0; i < packageItemLimit; ++i) {
+        const OpcPackagePartUri uri((std::to_wstring(i) + L".json").c_str());
+        many.createPart(uri, "text/plain", CompressionOption::normal).value();
+    }
+    EXPECT_EQ(wordsOf(many), "the file is too large: the number of items in the archive");
+
+    OpcPackage longName;
+    longName
+        .createPart(OpcPackagePartUri(std::wstring(5000, L'a').c_str()), "text/plain",
+                    CompressionOption::normal)
+        .value();
+    EXPECT_EQ(wordsOf(longName),
+              "the file is damaged: [Content_Types].xml: an element is too long at line 1");
+
+    const TemporaryFolder folder;
+    ContentBundle bundle;
+    bundle.package()
+        ->createPart(OpcPackagePartUri(std::wstring(5000, L'a').c_str()), "text/plain",
+                     CompressionOption::normal)
+        .value();
+    EXPECT_FALSE(bundle.writeToFile(filePath2(folder / "a.zip")).hasValue());
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}

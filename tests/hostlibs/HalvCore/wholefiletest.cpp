@@ -80,6 +80,22 @@ TEST(WholeFile, IsNeverReadableByMoreThanTheFileThatItReplaces)
             << entry.path();
 }
 
+TEST(WholeFile, StaysAsItWasWhenTheNewContentIsMoreThanAFileMayHave)
+{
+    const TemporaryFolder folder;
+    const fs::path file = folder.write("file", "old");
+    const std::string expected = "the file cannot be written: '" + file.native() + "' (File too large)";
+    EXPECT_EQ(runInChild([&] {
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  limitFileSize(4);
+                  const auto written = writeWholeFile(file, "longer than that");
+                  return !written && written.error().message() == expected ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(folder.read("file"), "old");
+    EXPECT_EQ(filesIn(folder.path()), 1);
+}
+
 TEST(WholeFile, NamesTheFolderThatTakesNoNewFile)
 {
     const TemporaryFolder folder;

@@ -37,6 +37,47 @@ TEST(SeveralErrors, OfActionTextsAreReportedOneForEachText)
                             R"(states["a"].transitions["t"].actions: expected ';')"));
 }
 
+TEST(SeveralErrors, BlameTheFirstTokenBeyondTheLimit)
+{
+    const std::string tokens(2'000'000, ';');
+    const std::string definition = R"({"start": "a", "states": {"a": {"type": "atomic", "onEntry": ")" +
+                                   tokens + R"( x;"}}, "outputs": {}, "outputDelay": 1})";
+    const std::vector<Finding> findings = checkDefinition(definition);
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings.front().text, "more than 2000000 tokens in one text");
+    EXPECT_EQ(findings.front().offset, definition.find('x'));
+    EXPECT_EQ(findings.front().length, 1u);
+}
+
+TEST(SeveralErrors, ShowTheStartAndTheEndOfLongNames)
+{
+    std::string name;
+    while (name.size() < 100'000)
+        name += "é€";
+    std::string definition =
+        R"({"start": ")" + name + R"(", "states": {")" + name + R"(": {"type": "atomic", "transitions": {)";
+    for (int index = 0; index < 100; ++index) {
+        definition += (index > 0 ? ", \"" : "\"") + std::to_string(index) + R"(": {"target": "x)" + name +
+                      R"(y", "event": "change", "order": )" + std::to_string(index) + "}";
+    }
+    definition += R"(}}}, "outputs": {}, "outputDelay": 1})";
+    std::size_t size = 0;
+    std::size_t count = 0;
+    for (const Finding& finding : checkDefinition(definition)) {
+        if (finding.kind != FindingKind::unknownTarget)
+            continue;
+        ++count;
+        size += finding.text.size() + finding.path.size();
+        EXPECT_THAT(finding.text, testing::StartsWith("'xé€é€"));
+        EXPECT_THAT(finding.text, testing::ContainsRegex("[é€]…[é€]")); // whole characters on both sides
+        EXPECT_THAT(finding.path, testing::StartsWith("states[\"é€é€"));
+        EXPECT_THAT(finding.path,
+                    testing::EndsWith("\"].transitions[\"" + std::to_string(count - 1) + "\"].target"));
+    }
+    EXPECT_EQ(count, 100u);
+    EXPECT_LT(size, 5000 * count);
+}
+
 TEST(SeveralErrors, OfTheStructureAreAllReported)
 {
     const std::string definition = R"({

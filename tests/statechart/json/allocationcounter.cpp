@@ -9,6 +9,7 @@
 namespace {
 
 std::size_t allocations = 0;
+std::size_t bytes = 0;
 
 } // namespace
 
@@ -17,9 +18,15 @@ std::size_t allocationCount()
     return allocations;
 }
 
+std::size_t allocatedBytes()
+{
+    return bytes;
+}
+
 void* operator new(std::size_t size)
 {
     ++allocations;
+    bytes += size;
     if (void* const memory = std::malloc(size > 0 ? size : 1))
         return memory;
     throw std::bad_alloc();

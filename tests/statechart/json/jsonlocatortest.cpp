@@ -94,10 +94,54 @@ TEST(JsonLocator, FindsEachOfManyMembersAndElements)
             .append(std::to_string(index))
             .append("],");
     text.back() = '}';
-    const JsonLocator locator(text);
+    JsonLocator locator(text);
     for (int index = 0; index < count; ++index) {
         const JsonRange range = locator.locate({std::to_string(index), 1u}).value;
         ASSERT_EQ(text.substr(range.offset, range.length), std::to_string(index));
+    }
+}
+
+TEST(JsonLocator, FindsTheFirstOfKeysThatAreSpeltInSeveralWays)
+{
+    const std::string_view text = R"({"b/c": 1, "b\/c": 2, "b\/d": 3, "b\tc": 4, "": 5})";
+    EXPECT_EQ(located(text, {"b/c"}), "1");
+    EXPECT_EQ(located(text, {"b/d"}), "3");
+    EXPECT_EQ(located(text, {"b\tc"}), "4");
+    EXPECT_EQ(located(text, {""}), "5");
+    EXPECT_EQ(JsonLocator(text).locate({"b\\/c"}).matched, 0u);
+}
+
+TEST(JsonLocator, TellsAnEscapedQuoteFromOneBehindAnEscapedBackslash)
+{
+    const std::string_view text = R"({"a\\": "\\\\", "\"b\\\"": ["\\", 1]})";
+    EXPECT_EQ(located(text, {"a\\"}), R"("\\\\")");
+    EXPECT_EQ(located(text, {"\"b\\\"", 0u}), R"("\\")");
+    EXPECT_EQ(located(text, {"\"b\\\"", 1u}), "1");
+}
+
+TEST(JsonLocator, FindsValuesBehindLongArraysAndObjectsAndInThem)
+{
+    // Lists of every length around those over which it takes one step, with brackets in strings.
+    std::string text = "[";
+    std::vector<std::string> lists;
+    for (std::size_t length = 0; length < 400; ++length) {
+        std::string list = "[[";
+        for (std::size_t index = 0; index < length; ++index)
+            list += index % 3 == 0 ? "[]," : "\"]\",";
+        lists.push_back(list + "7],{\"}\":[" + std::to_string(length) + "]}]");
+        text += lists.back() + ",";
+    }
+    text.back() = ']';
+    JsonLocator locator(text);
+    const auto at = [&](const JsonPath& path) {
+        const JsonRange range = locator.locate(path).value;
+        return text.substr(range.offset, range.length);
+    };
+    for (std::size_t length = lists.size(); length-- > 0;) {
+        EXPECT_EQ(at({length}), lists[length]);
+        EXPECT_EQ(at({length, 0u, length}), "7");
+        EXPECT_EQ(at({length, 1u, "}", 0u}), std::to_string(length));
+        EXPECT_EQ(locator.locate({length, 0u, length + 1}).matched, 2u);
     }
 }
 

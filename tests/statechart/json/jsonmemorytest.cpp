@@ -1,6 +1,7 @@
 // What values cost.
 
 #include "allocationcounter.h"
+#include "statechart/json/jsonlocator.h"
 #include "statechart/json/jsonreader.h"
 
 #include <sstream>
@@ -60,6 +61,26 @@ TEST(JsonMemory, IsTakenForAnIndexOnlyBeyondEightMembers)
                   }),
                   count > 8 ? 3u : 1u);
         EXPECT_EQ(object.size(), count);
+    }
+}
+
+TEST(JsonMemory, IsTakenByALocatorForLessThanTheTextHoweverItNests)
+{
+    constexpr std::size_t count = 200000;
+    std::string flat = "{\"a\":[[]";
+    for (std::size_t index = 1; index < count; ++index)
+        flat += ",[]";
+    flat += "],\"b\":1}";
+    std::string deep = "{\"a\":";
+    deep.append(count, '[').append(count, ']').append(",\"b\":1}");
+    for (const std::string& text : {flat, deep}) {
+        // The deep one is gone through with a record for each open array, which is given back.
+        const std::size_t most = text == deep ? 100 * text.size() : text.size() / 2;
+        const std::size_t before = allocatedBytes();
+        JsonLocator locator(text);
+        EXPECT_EQ(locator.locate({"b"}).value.offset, text.size() - 2);
+        EXPECT_EQ(locator.locate({"a", text == flat ? count - 1 : 0u}).matched, 2u);
+        EXPECT_LT(allocatedBytes() - before, most);
     }
 }
 

@@ -25,6 +25,32 @@ JsonValue nested(int depth)
     return value;
 }
 
+/// Keys whose hashes are the same in the low bits that choose one of 65536 buckets: each is made of pieces
+/// that lead those bits back to where they were.
+std::vector<std::string> keysOfOneBucket(std::size_t count)
+{
+    constexpr std::uint64_t basis = 0xcbf29ce484222325u;
+    constexpr std::uint64_t mask = 0xffff;
+    std::vector<std::string> pieces;
+    for (std::uint32_t number = 0; pieces.size() * pieces.size() < count; ++number) {
+        std::string piece;
+        std::uint64_t hash = basis;
+        for (int shift = 0; shift < 24; shift += 6) {
+            piece += static_cast<char>('0' + ((number >> shift) & 63));
+            hash = (hash ^ static_cast<std::uint8_t>(piece.back())) * 0x100000001b3u;
+        }
+        if ((hash & mask) == (basis & mask))
+            pieces.push_back(piece);
+    }
+    std::vector<std::string> keys;
+    for (const std::string& first : pieces) {
+        for (const std::string& second : pieces)
+            keys.push_back(first + second);
+    }
+    keys.resize(count);
+    return keys;
+}
+
 TEST(JsonValue, ReportsItsTypeByNumber)
 {
     EXPECT_EQ(static_cast<int>(JsonValue(JsonArray()).type()), 0);
@@ -262,6 +288,55 @@ TEST(JsonTypeException, WordsEveryCode)
     EXPECT_STREQ(JsonTypeException(Code::notAnArray).what(), "json value is not an array");
     EXPECT_STREQ(JsonTypeException(Code::notAnObject).what(), "json value is not an object");
     EXPECT_STREQ(JsonTypeException(static_cast<Code>(5)).what(), "unknown error");
+}
+
+TEST(JsonObject, FindsKeysThatWereMadeToMeetInOneBucketWithoutComparingThemAll)
+{
+    constexpr std::int32_t count = 4000;
+    const std::vector<std::string> keys = keysOfOneBucket(count + 1);
+    JsonObject object;
+    for (std::int32_t index = 0; index < count; ++index) {
+        const std::string& key = keys[static_cast<std::size_t>(index)];
+        ASSERT_LE(object.comparisonsFor(key), 40u) << index;
+        ASSERT_TRUE(object.insert(key, index));
+        ASSERT_FALSE(object.insert(key, -1));
+    }
+    object.set(keys[7], -7);
+    EXPECT_FALSE(object.contains(keys[count]));
+    EXPECT_FALSE(object.contains(""));
+    EXPECT_FALSE(object.contains(keys[0].substr(0, 4)));
+    EXPECT_FALSE(object.contains(keys[0] + "0"));
+
+    const JsonObject copy = object;
+    const JsonObject moved = std::move(object);
+    EXPECT_EQ(copy, moved);
+    std::int32_t index = 0;
+    for (const JsonMember& member : copy) {
+        EXPECT_EQ(member.key, keys[static_cast<std::size_t>(index)]);
+        EXPECT_EQ(moved.at(member.key).asInt(), index == 7 ? -7 : index);
+        EXPECT_LE(moved.comparisonsFor(member.key), 40u);
+        ++index;
+    }
+}
+
+TEST(JsonObject, TellsKeysApartThatStartAlikeAlsoOnceTheyAreInATree)
+{
+    const std::vector<std::string> keys = keysOfOneBucket(100);
+    JsonObject object;
+    for (const std::string& key : keys)
+        object.insert(key, 0);
+    std::vector<std::string> others;
+    for (int length = 0; length < 300; ++length) {
+        others.emplace_back(static_cast<std::size_t>(length), 'a');
+        others.push_back(others.back() + std::string(1, '\0'));
+        others.push_back(others.back() + "\xff");
+    }
+    for (std::size_t index = others.size(); index-- > 0;)
+        EXPECT_TRUE(object.insert(others[index], static_cast<std::int32_t>(index)));
+    for (std::size_t index = 0; index < others.size(); ++index)
+        EXPECT_EQ(object.at(others[index]).asInt(), static_cast<std::int32_t>(index));
+    EXPECT_FALSE(object.contains(std::string(300, 'a')));
+    EXPECT_EQ(object.size(), keys.size() + others.size());
 }
 
 } // namespace

@@ -149,6 +149,16 @@ TEST(DeviceBundleFile, IsLeftAloneWhenTheDefinitionHasErrors)
     EXPECT_EQ(folder.read("d.hvdsc.zip"), "an earlier bundle");
 }
 
+TEST(DeviceBundleFile, IsNotWrittenWithAKeyThatCannotBeReadBack)
+{
+    const TemporaryFolder folder;
+    const auto definition = folder.write("d.json", R"({"states": {"a\"b": {"type": "atomic"}},
+        "start": "a\"b", "outputs": {}, "outputDelay": 1})");
+    EXPECT_EQ(message([&] { bundleDevice(definition, folder / "d.hvdsc.zip"); }),
+              R"(the key 'a"b' at states["a"b"] cannot be written: it has a quote or a backslash)");
+    EXPECT_FALSE(std::filesystem::exists(folder / "d.hvdsc.zip"));
+}
+
 TEST(DeviceBundleFile, MayHaveOnePartOnly)
 {
     const TemporaryFolder folder;

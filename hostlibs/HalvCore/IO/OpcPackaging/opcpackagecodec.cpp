@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view contentTypesItem = "[Content_Types].xml";
 constexpr std::string_view relationshipsItem = "_rels/.rels";
+constexpr ZipLimits zipLimits{packageItemLimit, packageContentLimit};
 
 ErrorCode2 damaged(std::string what)
 {
@@ -50,6 +51,24 @@ const ZipItem* findItem(const std::vector<ZipItem>& items, std::string_view name
     return nullptr;
 }
 
+ErrorCode2 tooLongArchive(std::size_t size)
+{
+    return ErrorCode2(FileError::tooLarge, numberText(size) + " bytes");
+}
+
+/// What would be refused where the package is read is refused before it is written, and in the same words.
+/// The documents of the package are the first two items.
+Expected<void, ErrorCode2> checkReadable(const std::vector<ZipItem>& items)
+{
+    if (auto checked = checkZipLimits(items, zipLimits); !checked)
+        return checked;
+    if (const auto types = readContentTypes(items[0].content); !types)
+        return types.error();
+    if (const auto relationships = readRelationships(items[1].content); !relationships)
+        return relationships.error();
+    return {};
+}
+
 Expected<void, ErrorCode2> addParts(std::vector<ZipItem> items, const ContentTypes& types,
                                     OpcPackageData& package)
 {
@@ -85,14 +104,19 @@ Expected<ByteArray2, ErrorCode2> encodePackage(const OpcPackageData& package)
     types.defaults.emplace("rels", relationshipsContentType);
     items[0] = {std::string(contentTypesItem), writeContentTypes(types), true};
     items[1] = {std::string(relationshipsItem), writeRelationships(package.relationships), true};
-    return writeZipArchive(items);
+    if (auto checked = checkReadable(items); !checked)
+        return checked.error();
+    auto archive = writeZipArchive(items);
+    if (archive && archive->size() > packageFileLimit)
+        return tooLongArchive(archive->size());
+    return archive;
 }
 
 Expected<void, ErrorCode2> decodePackage(std::string_view archive, OpcPackageData& package)
 {
     if (archive.size() > packageFileLimit)
-        return ErrorCode2(FileError::tooLarge, numberText(archive.size()) + " bytes");
-    auto items = readZipArchive(archive, {packageItemLimit, packageContentLimit});
+        return tooLongArchive(archive.size());
+    auto items = readZipArchive(archive, zipLimits);
     if (!items)
         return items.error();
     if (auto checked = checkNames(items.value()); !checked)

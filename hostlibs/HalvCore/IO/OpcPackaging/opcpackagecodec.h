@@ -12,7 +12,8 @@ namespace Halvorin::System::IO::OpcPackaging {
 struct OpcPackageData;
 
 /// A package as an archive and back: "[Content_Types].xml" first, the package's relationships in
-/// "_rels/.rels", then an item for every part.
+/// "_rels/.rels", then an item for every part. A package that decodePackage() would find too large is
+/// refused.
 Expected<ByteArray2, ErrorCode2> encodePackage(const OpcPackageData& package);
 
 /// Fills `package`, which is empty at first and of no use after an error. Refused are an archive that is

@@ -4,6 +4,7 @@
 
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
+#include <algorithm>
 #include <functional>
 #include <optional>
 
@@ -34,15 +35,56 @@ std::string attribute(const QXmlStreamReader& reader, const char* name)
     return reader.attributes().value(QLatin1String(name)).toString().toStdString();
 }
 
+/// Hands a document to its reader piece by piece, so that what has no end is known before all of it was read.
+class XmlFeed
+{
+public:
+    explicit XmlFeed(std::string_view xml) : m_left(xml) {}
+
+    /// The next token; raises an error for one beyond the limit.
+    QXmlStreamReader::TokenType next(QXmlStreamReader& reader)
+    {
+        auto token = reader.readNext();
+        for (std::size_t fed = 0; isWaiting(reader, token) && !m_left.empty(); fed += piece) {
+            if (fed == xmlElementLimit) {
+                reader.raiseError(QStringLiteral("an element is too long"));
+                break;
+            }
+            reader.addData(QByteArray(m_left.data(), static_cast<int>(std::min(piece, m_left.size()))));
+            m_left.remove_prefix(std::min(piece, m_left.size()));
+            token = reader.readNext();
+        }
+        return token;
+    }
+
+private:
+    static constexpr std::size_t piece = 512;
+    static_assert(xmlElementLimit % piece == 0);
+
+    /// Also at the end, behind which there may be more than a document has.
+    static bool isWaiting(const QXmlStreamReader& reader, QXmlStreamReader::TokenType token)
+    {
+        return reader.error() == QXmlStreamReader::PrematureEndOfDocumentError ||
+               token == QXmlStreamReader::EndDocument;
+    }
+
+    std::string_view m_left;
+};
+
 /// Calls `take` for every element below the root. Gives what is wrong with the document.
 std::optional<ErrorCode2> readElements(std::string_view xml, const char* document, const char* root,
                                        const char* rootNamespace,
                                        const std::function<void(QXmlStreamReader&)>& take)
 {
-    QXmlStreamReader reader(QByteArray(xml.data(), static_cast<int>(xml.size())));
+    if (xml.size() > xmlDocumentLimit)
+        return ErrorCode2(FileError::tooLarge, "item '" + std::string(document) + "'");
+    QXmlStreamReader reader;
+    XmlFeed feed(xml);
     int depth = 0;
-    while (!reader.atEnd()) {
-        const auto token = reader.readNext();
+    while (!reader.hasError()) {
+        const auto token = feed.next(reader);
+        if (token == QXmlStreamReader::EndDocument)
+            break;
         if (token == QXmlStreamReader::DTD) {
             reader.raiseError(QStringLiteral("a document type definition is not allowed"));
         } else if (token == QXmlStreamReader::EndElement) {

@@ -23,8 +23,14 @@ struct ContentTypes
     const std::string* find(const OpcPackagePartUri& uri) const;
 };
 
-/// The two documents that make an archive a package. The readers take a document of at most the limits of
-/// a package; a document type definition, which could grow without bound, is an error.
+/// The most bytes of a document, and of an element in it without what stands within. A package of as many
+/// parts as it may have, with names of hundreds of letters, has less.
+inline constexpr std::size_t xmlDocumentLimit = std::size_t{8} << 20;
+inline constexpr std::size_t xmlElementLimit = 4096;
+
+/// The two documents that make an archive a package. The readers refuse one beyond the limits, since the time
+/// for an element goes with the square of its attributes, and a document type definition, which could grow
+/// without bound.
 std::string writeContentTypes(const ContentTypes& types);
 Expected<ContentTypes, ErrorCode2> readContentTypes(std::string_view xml);
 std::string writeRelationships(const std::vector<OpcRelationship>& relationships);
