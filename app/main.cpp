@@ -1,4 +1,5 @@
 #include "commandwords.h"
+#include "endingsignals.h"
 #include "exitcode.h"
 #include "globaloptions.h"
 #include "standardstreams.h"
@@ -69,6 +70,7 @@ int run(const std::vector<std::string>& commandLine)
 int main(int argc, char** argv)
 {
     StandardStreams::prepare();
+    cleanUpOnEndingSignals();
     // Qt takes the words that it knows out of the command line; to us they are arguments like any other.
     const std::vector<std::string> commandLine(argv + std::min(argc, 1), argv + argc);
     // Narrow text is UTF-8 whatever the locale says.

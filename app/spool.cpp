@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
-#include <stdlib.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -43,23 +42,17 @@ void copyStandardInput(const std::string& path, std::size_t limit)
 
 } // namespace
 
-TemporaryFile::TemporaryFile()
+SpoolFile::SpoolFile()
 {
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
     if (error)
         throw std::runtime_error("cannot use the folder for temporary files, which TMPDIR can name: " +
                                  error.message());
-    m_path = (folder / "halvorin-XXXXXX").native();
-    const int descriptor = ::mkstemp(m_path.data());
-    if (descriptor < 0)
+    m_file = Halvorin::System::TemporaryFile(folder / "halvorin-", "", 0600);
+    if (!m_file.isOpen())
         throw failure("cannot make a temporary file in '" + folder.native() + "'");
-    ::close(descriptor);
-}
-
-TemporaryFile::~TemporaryFile()
-{
-    ::unlink(m_path.c_str());
+    m_file.close();
 }
 
 InputPath::InputPath(const std::string& argument, std::size_t limit) : m_argument(argument)

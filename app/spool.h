@@ -1,24 +1,23 @@
 #ifndef SPOOL_H
 #define SPOOL_H
 
+#include "HalvCore/temporaryfile.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
 
 /// A file of our own in the system's temporary folder, removed in the end.
-class TemporaryFile
+class SpoolFile
 {
 public:
     /// @throws std::runtime_error
-    TemporaryFile();
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile();
+    SpoolFile();
 
-    const std::string& path() const { return m_path; }
+    const std::string& path() const { return m_file.path().native(); }
 
 private:
-    std::string m_path;
+    Halvorin::System::TemporaryFile m_file;
 };
 
 /// A path to read from: the argument, or for "-" that of a file with all of standard input.
@@ -35,7 +34,7 @@ public:
 
 private:
     std::string m_argument;
-    std::optional<TemporaryFile> m_spool;
+    std::optional<SpoolFile> m_spool;
 };
 
 /// A path to write to: the argument, or for "-" that of a file that deliver() copies to standard output.
@@ -51,7 +50,7 @@ public:
 
 private:
     std::string m_argument;
-    std::optional<TemporaryFile> m_spool;
+    std::optional<SpoolFile> m_spool;
 };
 
 #endif

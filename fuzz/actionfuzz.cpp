@@ -1,3 +1,4 @@
+#include "action/runbothways.h"
 #include "actionlanguage/tokens/compilationexception.h"
 #include "statechart/ddcodebuilderfactory.h"
 #include "statechart/json/jsonreader.h"
@@ -20,16 +21,18 @@ void word(const CompilationException& failure, std::string_view text)
     static_cast<void>(failure.message(text));
 }
 
-/// A condition or an expression: what compiles must link.
+/// What compiles must link, and run.
 template <class Compile, class Link>
-void compileAndLink(std::string_view text, Compile compile, Link link)
+void compileAndRun(std::string_view text, Compile compile, Link link, void (*run)(JsonValue))
 {
     try {
         const CompileResult result = (builder().*compile)(text);
         for (const Diagnostic& finding : result.findings())
             static_cast<void>(errorText(finding.code, blamedText(text, {finding.position, finding.length})));
-        if (result.hasValue())
+        if (result.hasValue()) {
             (builder().*link)(result.value());
+            run(result.value());
+        }
     } catch (const CompilationException& failure) {
         word(failure, text);
     } catch (const LiteralConversionException&) {
@@ -39,13 +42,14 @@ void compileAndLink(std::string_view text, Compile compile, Link link)
     }
 }
 
-/// Any JSON document may be given to the linker: it links, or says why not.
-void linkForeign(const std::string& text)
+/// Any JSON document may be given to the linker: it links and then runs, or says why not.
+void runForeign(const std::string& text)
 {
     try {
         std::istringstream input(text);
         const JsonDocument document = readDocument(input);
         builder().linkStatements(document.value());
+        runStatementsBothWays(document.value());
     } catch (const std::runtime_error&) {
     }
 }
@@ -55,9 +59,9 @@ void linkForeign(const std::string& text)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string text(reinterpret_cast<const char*>(data), size);
-    compileAndLink(text, &CodeBuilder::compileStatements, &CodeBuilder::linkStatements);
-    compileAndLink(text, &CodeBuilder::compileCondition, &CodeBuilder::linkCondition);
-    compileAndLink(text, &CodeBuilder::compileExpression, &CodeBuilder::linkExpression);
-    linkForeign(text);
+    compileAndRun(text, &CodeBuilder::compileStatements, &CodeBuilder::linkStatements, runStatementsBothWays);
+    compileAndRun(text, &CodeBuilder::compileCondition, &CodeBuilder::linkCondition, evaluateBothWays);
+    compileAndRun(text, &CodeBuilder::compileExpression, &CodeBuilder::linkExpression, evaluateBothWays);
+    runForeign(text);
     return 0;
 }

@@ -1,10 +1,13 @@
 #include "statechart/json/jsonreader.h"
 #include "statechart/json/jsonwriter.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 #include <sstream>
+#include <streambuf>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -51,6 +54,45 @@ void checkItComesBack(const JsonValue& value)
     check(toString(readBack) == text);
 }
 
+/// Hands out a text a few bytes at a time, as a pipe may do.
+class PieceBuffer : public std::streambuf
+{
+public:
+    explicit PieceBuffer(std::string text) : m_text(std::move(text)) {}
+
+protected:
+    int_type underflow() override
+    {
+        char* const start = m_text.data() + m_given;
+        m_given = std::min(m_given + 7, m_text.size());
+        setg(start, start, m_text.data() + m_given);
+        return gptr() == egptr() ? traits_type::eof() : traits_type::to_int_type(*gptr());
+    }
+
+private:
+    std::string m_text;
+    std::size_t m_given = 0;
+};
+
+/// The same comes out of it, or the same failure at the same place.
+void checkItIsTheSameInPieces(const std::string& text, const std::optional<JsonDocument>& whole)
+{
+    PieceBuffer buffer(text);
+    std::istream input(&buffer);
+    try {
+        const JsonDocument document = readDocument(input);
+        check(whole && document.value() == whole->value());
+    } catch (const JsonException& failure) {
+        check(!whole);
+        std::istringstream again(text);
+        try {
+            readDocument(again);
+        } catch (const JsonException& expected) {
+            check(std::string_view(failure.what()) == expected.what());
+        }
+    }
+}
+
 /// Nothing when the text is not a document. The failure must then have its place within the text.
 std::optional<JsonDocument> documentOf(const std::string& text)
 {
@@ -72,8 +114,9 @@ std::optional<JsonDocument> documentOf(const std::string& text)
 /// What the reader takes, the writer must put so that the reader takes it again and finds the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::optional<JsonDocument> document =
-        documentOf(std::string(reinterpret_cast<const char*>(data), size));
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    const std::optional<JsonDocument> document = documentOf(text);
+    checkItIsTheSameInPieces(text, document);
     if (!document)
         return 0;
     if (everyKeyComesBack(document->value()))

@@ -1,12 +1,13 @@
 #include "HalvCore/wholefile.h"
 
 #include "HalvCore/nativepath.h"
-#include "HalvCore/numbertext.h"
+#include "HalvCore/temporaryfile.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
-#include <random>
 #include <string>
 #include <sys/stat.h>
 #include <system_error>
@@ -68,19 +69,6 @@ Expected<void, ErrorCode2> writeInPlace(const std::filesystem::path& path, std::
     return {};
 }
 
-/// A file of its own in `folder`, named apart from whatever it will be called in the end: that name may
-/// already be as long as names can be.
-std::pair<Descriptor, std::filesystem::path> makeTemporary(const std::filesystem::path& folder, mode_t mode)
-{
-    std::random_device random;
-    for (int attempt = 0;; ++attempt) {
-        const std::filesystem::path path = folder / (".halvorin-" + numberText(random()) + ".tmp");
-        Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-        if (file.isOpen() || errno != EEXIST || attempt == 100)
-            return {std::move(file), path};
-    }
-}
-
 /// The path behind all links, also behind one that leads to a file that is not there yet.
 std::filesystem::path behindLinks(std::filesystem::path path, std::error_code& error)
 {
@@ -102,16 +90,8 @@ class PendingFile
 {
 public:
     explicit PendingFile(const WholeFile& file) : m_path(file.path), m_bytes(file.bytes) {}
-    PendingFile(PendingFile&& other) noexcept
-        : m_path(std::move(other.m_path)), m_target(std::move(other.m_target)),
-          m_temporary(std::exchange(other.m_temporary, {})), m_bytes(other.m_bytes)
-    {}
-    PendingFile& operator=(PendingFile&&) = delete;
-    ~PendingFile()
-    {
-        if (!m_temporary.empty())
-            ::unlink(m_temporary.c_str());
-    }
+
+    bool isWrittenInPlace() const { return m_temporary.path().empty(); }
 
     Expected<void, ErrorCode2> prepare()
     {
@@ -132,26 +112,46 @@ public:
         return writeTemporary(&existing);
     }
 
+    /// Puts the new content into its place. The old one takes that of the temporary file, where the file
+    /// system can do so.
     Expected<void, ErrorCode2> finish()
     {
-        if (m_temporary.empty())
+        if (isWrittenInPlace())
             return writeInPlace(m_path, m_bytes);
-        if (::rename(m_temporary.c_str(), m_target.c_str()) != 0)
+        const char* const from = m_temporary.path().c_str();
+        const char* const to = m_target.c_str();
+        if (m_replaces && ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_EXCHANGE) == 0) {
+            m_state = State::exchanged;
+            return {};
+        }
+        if (::rename(from, to) != 0)
             return failure(FileError::writeFailed, m_path, errno);
-        m_temporary.clear();
+        m_temporary.release();
+        m_state = State::renamed;
         return {};
+    }
+
+    /// Takes finish() back, as far as it can be.
+    void undo()
+    {
+        if (m_state == State::exchanged)
+            ::renameat2(AT_FDCWD, m_temporary.path().c_str(), AT_FDCWD, m_target.c_str(), RENAME_EXCHANGE);
+        else if (m_state == State::renamed && !m_replaces)
+            ::unlink(m_target.c_str());
     }
 
 private:
     /// The mode comes before the content: nobody may read it who could not read the file.
     Expected<void, ErrorCode2> writeTemporary(const struct stat* existing)
     {
-        auto [file, temporary] = makeTemporary(m_target.parent_path(), existing ? 0600 : 0666);
-        if (!file.isOpen())
+        m_replaces = existing != nullptr;
+        // It is named apart from the file: that name may already be as long as names can be.
+        m_temporary = TemporaryFile(m_target.parent_path() / ".halvorin-", ".tmp", existing ? 0600 : 0666);
+        if (!m_temporary.isOpen())
             return noNewFile(errno);
-        m_temporary = temporary;
-        const bool done = (!existing || ::fchmod(file.number(), existing->st_mode & 07777) == 0) &&
-                          writeAll(file.number(), m_bytes) && ::fsync(file.number()) == 0 && file.close();
+        const int file = m_temporary.descriptor();
+        const bool done = (!existing || ::fchmod(file, existing->st_mode & 07777) == 0) &&
+                          writeAll(file, m_bytes) && ::fsync(file) == 0 && m_temporary.close();
         if (!done)
             return failure(FileError::writeFailed, m_path, errno);
         return {};
@@ -165,10 +165,19 @@ private:
                                                      "': " + std::generic_category().message(number) + ")");
     }
 
+    enum class State
+    {
+        untouched,
+        renamed,
+        exchanged, // the temporary file has the old content
+    };
+
     std::filesystem::path m_path; // as it was given, for messages
     std::filesystem::path m_target;
-    std::filesystem::path m_temporary;
+    TemporaryFile m_temporary;
     std::string_view m_bytes;
+    bool m_replaces = false; // a file that is there already
+    State m_state = State::untouched;
 };
 
 } // namespace
@@ -181,9 +190,15 @@ Expected<void, ErrorCode2> writeWholeFiles(const std::vector<WholeFile>& files)
         if (auto prepared = pending.emplace_back(file).prepare(); !prepared)
             return prepared;
     }
-    for (PendingFile& file : pending) {
-        if (auto finished = file.finish(); !finished)
-            return finished;
+    // What is written in place cannot be taken back, and so comes last.
+    std::ranges::stable_partition(pending, [](const PendingFile& file) { return !file.isWrittenInPlace(); });
+    for (std::size_t index = 0; index < pending.size(); ++index) {
+        auto finished = pending[index].finish();
+        if (finished)
+            continue;
+        while (index > 0)
+            pending[--index].undo();
+        return finished;
     }
     return {};
 }

@@ -20,6 +20,7 @@ JsonValue CompilerActual::compileProgram(TokenStream& tokens)
             statements.push_back(std::move(statement));
     }
     popScope();
+    statements.shrink_to_fit(); // charts hold thousands of programs, most of them short
 
     JsonObject variables;
     variables.reserve(m_symbols.declared().size());
@@ -29,6 +30,7 @@ JsonValue CompilerActual::compileProgram(TokenStream& tokens)
         addWarning(LanguageWarning::notUsed, m_symbols.declared()[index].position);
 
     JsonObject program;
+    program.reserve(2);
     program.insert("statements", std::move(statements));
     program.insert("variables", std::move(variables));
     return program;

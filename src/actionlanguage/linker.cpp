@@ -2,6 +2,7 @@
 
 #include "actionlanguage/buildrules.h"
 #include "actionlanguage/depthguard.h"
+#include "actionlanguage/fusion/fusion.h"
 #include "actionlanguage/runtime/linkexceptions.h"
 
 namespace {
@@ -33,6 +34,19 @@ LinkedStatements LinkerActual::linkProgram(const JsonValue& form)
 LinkedExpression LinkerActual::linkExpression(const JsonValue& form)
 {
     const DepthGuard guard(m_depth, maximumDepth, tooDeep);
+    LinkedExpression expression = linkPlainExpression(form);
+    return m_nodes == LinkedNodes::fused ? fused(std::move(expression)) : std::move(expression);
+}
+
+LinkedStatement LinkerActual::linkStatement(const JsonValue& form)
+{
+    const DepthGuard guard(m_depth, maximumDepth, tooDeep);
+    LinkedStatement statement = linkPlainStatement(form);
+    return m_nodes == LinkedNodes::fused ? fused(std::move(statement)) : std::move(statement);
+}
+
+LinkedExpression LinkerActual::linkPlainExpression(const JsonValue& form)
+{
     for (const LiteralRule& rule : m_rules.literalRules())
         if (rule->canLink(form))
             return rule->link(form);
@@ -46,9 +60,8 @@ LinkedExpression LinkerActual::linkExpression(const JsonValue& form)
     throw std::runtime_error("unable to link expression object");
 }
 
-LinkedStatement LinkerActual::linkStatement(const JsonValue& form)
+LinkedStatement LinkerActual::linkPlainStatement(const JsonValue& form)
 {
-    const DepthGuard guard(m_depth, maximumDepth, tooDeep);
     for (const StatementRule& rule : m_rules.statementRules())
         if (rule->canLink(form))
             return rule->link(form, *this);

@@ -38,12 +38,17 @@ CompileRecord::TextStep::~TextStep()
         m_record.m_failedText = std::move(m_text);
 }
 
-void CompileRecord::TextStep::keepCompiled(const JsonValue& form, const std::vector<Diagnostic>& warnings)
+JsonValue CompileRecord::TextStep::keep(CompileResult result)
 {
-    if (m_record.m_onFailure == OnFailure::goOn)
-        m_record.m_texts.push_back({m_text, warnings, form});
-    else if (!warnings.empty())
-        m_record.m_texts.push_back({m_text, warnings, JsonValue()});
+    std::vector<Diagnostic> warnings = result.warnings();
+    JsonValue form = std::move(result).value();
+    if (m_record.m_onFailure == OnFailure::goOn) {
+        m_record.m_texts.push_back({std::move(m_text), std::move(warnings), std::move(form)});
+        return {};
+    }
+    if (!warnings.empty())
+        m_record.m_texts.push_back({std::move(m_text), std::move(warnings), {}});
+    return form;
 }
 
 void CompileRecord::keepFailure(std::exception_ptr exception)

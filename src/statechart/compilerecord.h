@@ -1,7 +1,7 @@
 #ifndef COMPILERECORD_H
 #define COMPILERECORD_H
 
-#include "actionlanguage/tokens/diagnostic.h"
+#include "actionlanguage/compileresult.h"
 #include "statechart/json/jsonlocator.h"
 #include "statechart/json/jsonvalue.h"
 
@@ -103,7 +103,10 @@ public:
         ~TextStep();
 
         const std::string& source() const { return m_text.source; }
-        void keepCompiled(const JsonValue& form, const std::vector<Diagnostic>& warnings);
+
+        /// Hands the compiled form on; with OnFailure::goOn the record keeps it, and null goes on.
+        /// @throws CompileFindingsException when there is none.
+        JsonValue keep(CompileResult result);
 
     private:
         CompileRecord& m_record;

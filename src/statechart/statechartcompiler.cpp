@@ -233,8 +233,7 @@ JsonValue StateChartCompiler::compileStatementsText(const std::string& text)
         throw ActionFindingsException(formatText("action compilation failed: {}", firstFinding(result, text)),
                                       result.findings());
     }
-    step.keepCompiled(result.value(), result.warnings());
-    return std::move(result).value();
+    return step.keep(std::move(result));
 }
 
 JsonValue StateChartCompiler::compileConditionText(const std::string& text)
@@ -247,8 +246,7 @@ JsonValue StateChartCompiler::compileConditionText(const std::string& text)
                                                  result.findings().front().position),
                                       result.findings());
     }
-    step.keepCompiled(result.value(), result.warnings());
-    return std::move(result).value();
+    return step.keep(std::move(result));
 }
 
 JsonValue StateChartCompiler::compileExpressionText(std::string_view text, std::string_view before,
@@ -256,6 +254,5 @@ JsonValue StateChartCompiler::compileExpressionText(std::string_view text, std::
 {
     CompileRecord::TextStep step = m_record.enterText(text, before, behind);
     CompileResult result = m_codeBuilder->compileExpression(step.source());
-    step.keepCompiled(result.value(), result.warnings());
-    return std::move(result).value();
+    return step.keep(std::move(result));
 }

@@ -22,7 +22,7 @@ class StateChartCompiler
 {
 public:
     /// @param onFailure With OnFailure::goOn nothing is raised for what is wrong in the definition: record()
-    /// has the failures, and what compile() gives is whatever could be compiled.
+    /// has the failures and the compiled texts, and what compile() gives is of no use.
     explicit StateChartCompiler(std::shared_ptr<CodeBuilder> codeBuilder,
                                 OnFailure onFailure = OnFailure::raise);
     StateChartCompiler(const StateChartCompiler&) = delete;

@@ -2,6 +2,9 @@
 
 #include "support/smalldefinition.h"
 
+#include <filesystem>
+#include <fstream>
+
 namespace {
 
 /// A definition whose one state has this text, as it stands in JSON, for its entry action.
@@ -195,6 +198,19 @@ TEST_F(Check, ListsTheKindsOfWarningsInItsHelp)
     EXPECT_THAT(result.output,
                 testing::HasSubstr("  unknown-target        the target of a transition is no state\n"));
     EXPECT_THAT(result.output, testing::Not(testing::HasSubstr("invalid-action ")));
+}
+
+TEST_F(Check, SaysOfTheCarelessLatchWhatStandsBesideIt)
+{
+    const std::filesystem::path example =
+        std::filesystem::path(PROJECT_FOLDER) / "examples/charts-with-errors/careless-latch";
+    std::ifstream definition(example / "definition.json");
+    folder.write("definition.json", std::string(std::istreambuf_iterator<char>(definition), {}));
+    std::ifstream findings(example / "findings.txt");
+    const std::string expected(std::istreambuf_iterator<char>(findings), {});
+    const ProcessResult result = run({"check", "definition.json"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, expected);
 }
 
 TEST_F(Check, HasOneFormatAtATime)

@@ -42,11 +42,11 @@ void redirect(int stream, Stream kind, const std::string& captureFile)
     }
 }
 
-/// Of a child, once it has ended; minus the number of the signal that ended it.
-int exitCodeOf(pid_t child)
+/// The exit code of a child, once it has ended; minus the number of the signal that ended it.
+int waitFor(pid_t child, rusage& usage)
 {
     int status = 0;
-    ::waitpid(child, &status, 0);
+    ::wait4(child, &status, 0, &usage);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
@@ -79,8 +79,10 @@ ProcessResult runProcess(const std::vector<std::string>& command, const ProcessO
         ::execvp(arguments[0], arguments.data());
         ::_exit(127);
     }
-    const int exitCode = exitCodeOf(child);
-    return {exitCode, folder.read("output"), folder.read("error")};
+    rusage usage{};
+    const int exitCode = waitFor(child, usage);
+    const auto peakMemory = static_cast<std::size_t>(usage.ru_maxrss) << 10; // it comes in kilobytes
+    return {exitCode, folder.read("output"), folder.read("error"), peakMemory};
 }
 
 int runInChild(const std::function<int()>& function)
@@ -88,8 +90,10 @@ int runInChild(const std::function<int()>& function)
     const pid_t child = ::fork();
     if (child < 0)
         throw std::runtime_error("cannot start a process");
-    if (child > 0)
-        return exitCodeOf(child);
+    if (child > 0) {
+        rusage ignored{};
+        return waitFor(child, ignored);
+    }
     try {
         ::_exit(function());
     } catch (...) {

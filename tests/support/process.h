@@ -32,6 +32,7 @@ struct ProcessResult
     int exitCode = -1; // minus the number of the signal that ended it
     std::string output;
     std::string error;
+    std::size_t peakMemory = 0; // the most bytes that it had in memory at once
 };
 
 /// Runs a function in a child process of its own, where limits and rights may be given up. Gives what the

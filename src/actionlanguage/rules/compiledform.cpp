@@ -7,6 +7,7 @@ namespace CompiledForm {
 JsonObject rule(std::string_view name)
 {
     JsonObject form;
+    form.reserve(4); // as many as most rules have
     form.insert("rule", name);
     return form;
 }
@@ -14,6 +15,7 @@ JsonObject rule(std::string_view name)
 JsonObject typed(ExpressionCompilationObject expression)
 {
     JsonObject form;
+    form.reserve(2);
     form.insert("type", spelling(expression.type()));
     form.insert("expr", std::move(expression).form());
     return form;
@@ -22,6 +24,7 @@ JsonObject typed(ExpressionCompilationObject expression)
 JsonObject variable(DataType type, std::string_view id)
 {
     JsonObject form;
+    form.reserve(2);
     form.insert("type", spelling(type));
     form.insert("id", id);
     return form;

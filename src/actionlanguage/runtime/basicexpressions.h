@@ -3,6 +3,8 @@
 
 #include "actionlanguage/runtime/linkedexpression.h"
 
+// Nodes hand out what they hold while code is linked, to whom puts another node in their place.
+
 /// A constant.
 template <class T>
 class LiteralExpression : public AbstractExpressionImpl<T>
@@ -11,6 +13,8 @@ public:
     explicit LiteralExpression(T value) : m_value(std::move(value)) {}
 
     T evaluate(AbstractExecutionInterface&) const override { return m_value; }
+
+    const T& value() const { return m_value; }
 
 private:
     T m_value;
@@ -24,6 +28,8 @@ public:
     explicit VariableExpression(std::shared_ptr<const T> storage) : m_storage(std::move(storage)) {}
 
     T evaluate(AbstractExecutionInterface&) const override { return *m_storage; }
+
+    const std::shared_ptr<const T>& storage() const { return m_storage; }
 
 private:
     std::shared_ptr<const T> m_storage;
@@ -45,6 +51,8 @@ public:
             return static_cast<To>(value);
     }
 
+    ExpressionPointer<From>& operand() { return m_operand; }
+
 private:
     ExpressionPointer<From> m_operand;
 };
@@ -60,6 +68,8 @@ public:
     {
         static_cast<void>(m_operand->evaluate(executionInterface));
     }
+
+    ExpressionPointer<T>& operand() { return m_operand; }
 
 private:
     ExpressionPointer<T> m_operand;

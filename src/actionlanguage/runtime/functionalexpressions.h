@@ -34,6 +34,9 @@ public:
         return this->m_lambda(left, right);
     }
 
+    ExpressionPointer<Left>& left() { return m_left; }
+    ExpressionPointer<Right>& right() { return m_right; }
+
 private:
     ExpressionPointer<Left> m_left;
     ExpressionPointer<Right> m_right;
@@ -55,6 +58,9 @@ public:
         return this->m_lambda(*m_storage, right);
     }
 
+    const std::shared_ptr<Left>& storage() const { return m_storage; }
+    ExpressionPointer<Right>& right() { return m_right; }
+
 private:
     std::shared_ptr<Left> m_storage;
     ExpressionPointer<Right> m_right;
@@ -73,6 +79,8 @@ public:
         return this->m_lambda(m_operand->evaluate(executionInterface));
     }
 
+    ExpressionPointer<Operand>& operand() { return m_operand; }
+
 private:
     ExpressionPointer<Operand> m_operand;
 };
@@ -87,6 +95,8 @@ public:
     {}
 
     Operand evaluate(AbstractExecutionInterface&) const override { return this->m_lambda(*m_storage); }
+
+    const std::shared_ptr<Operand>& storage() const { return m_storage; }
 
 private:
     std::shared_ptr<Operand> m_storage;

@@ -32,6 +32,11 @@ public:
         m_statement->execute(executionInterface);
     }
 
+    AbstractStatementImpl& node() { return *m_statement; }
+
+    /// The statement, which is not owned here any more.
+    std::unique_ptr<AbstractStatementImpl> release() { return std::move(m_statement); }
+
 private:
     std::unique_ptr<AbstractStatementImpl> m_statement;
 };
@@ -51,6 +56,9 @@ public:
         for (const LinkedStatement& statement : m_statements)
             statement.execute(executionInterface);
     }
+
+    /// All of them, which are not owned here any more.
+    std::vector<LinkedStatement> release() { return std::move(m_statements); }
 
 private:
     std::vector<LinkedStatement> m_statements;

@@ -18,6 +18,8 @@ public:
     explicit ExpressionStatement(ExpressionPointer<void> expression);
     void execute(AbstractExecutionInterface& executionInterface) const override;
 
+    ExpressionPointer<void>& expression() { return m_expression; }
+
 private:
     ExpressionPointer<void> m_expression;
 };
@@ -29,6 +31,8 @@ public:
     explicit CompoundStatement(LinkedStatements statements);
     void execute(AbstractExecutionInterface& executionInterface) const override;
 
+    LinkedStatements& statements() { return m_statements; }
+
 private:
     LinkedStatements m_statements;
 };
@@ -38,6 +42,9 @@ class IfStatement : public AbstractStatementImpl
 public:
     IfStatement(ExpressionPointer<bool> condition, LinkedStatement onTrue);
     void execute(AbstractExecutionInterface& executionInterface) const override;
+
+    ExpressionPointer<bool>& condition() { return m_condition; }
+    LinkedStatement& onTrue() { return m_onTrue; }
 
 private:
     ExpressionPointer<bool> m_condition;
@@ -49,6 +56,10 @@ class IfElseStatement : public AbstractStatementImpl
 public:
     IfElseStatement(ExpressionPointer<bool> condition, LinkedStatement onTrue, LinkedStatement onFalse);
     void execute(AbstractExecutionInterface& executionInterface) const override;
+
+    ExpressionPointer<bool>& condition() { return m_condition; }
+    LinkedStatement& onTrue() { return m_onTrue; }
+    LinkedStatement& onFalse() { return m_onFalse; }
 
 private:
     ExpressionPointer<bool> m_condition;
@@ -63,6 +74,9 @@ public:
     WhileStatement(ExpressionPointer<bool> condition, LinkedStatement loop);
     void execute(AbstractExecutionInterface& executionInterface) const override;
 
+    ExpressionPointer<bool>& condition() { return m_condition; }
+    LinkedStatement& loop() { return m_loop; }
+
 private:
     ExpressionPointer<bool> m_condition;
     LinkedStatement m_loop;
@@ -73,6 +87,9 @@ class DoWhileStatement : public AbstractStatementImpl
 public:
     DoWhileStatement(ExpressionPointer<bool> condition, LinkedStatement loop);
     void execute(AbstractExecutionInterface& executionInterface) const override;
+
+    ExpressionPointer<bool>& condition() { return m_condition; }
+    LinkedStatement& loop() { return m_loop; }
 
 private:
     ExpressionPointer<bool> m_condition;
@@ -85,6 +102,11 @@ public:
     ForStatement(LinkedStatement init, ExpressionPointer<bool> condition, ExpressionPointer<void> iteration,
                  LinkedStatement loop);
     void execute(AbstractExecutionInterface& executionInterface) const override;
+
+    LinkedStatement& init() { return m_init; }
+    ExpressionPointer<bool>& condition() { return m_condition; }
+    ExpressionPointer<void>& iteration() { return m_iteration; }
+    LinkedStatement& loop() { return m_loop; }
 
 private:
     LinkedStatement m_init;

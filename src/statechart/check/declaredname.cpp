@@ -144,6 +144,21 @@ void DeclaredNames::useAny(NameRole role)
     }
 }
 
+void DeclaredNames::useEverywhere(std::string_view identifier)
+{
+    for (const Namespace* names : {&m_terminals, &m_parameters, &m_variables}) {
+        const auto name = names->find(identifier);
+        if (name != names->end())
+            name->second->isUsed = name->second->isDriven = true;
+    }
+}
+
+void DeclaredNames::useAll()
+{
+    for (DeclaredName& name : m_names)
+        name.isUsed = name.isDriven = true;
+}
+
 std::vector<std::string_view> DeclaredNames::fitting(NameRole role) const
 {
     std::vector<std::string_view> identifiers;

@@ -59,6 +59,12 @@ public:
     /// Marks all names that fit a role.
     void useAny(NameRole role);
 
+    /// Marks the names of this spelling in every namespace, as used and driven.
+    void useEverywhere(std::string_view identifier);
+
+    /// Marks all.
+    void useAll();
+
     /// The names that fit a role, in the order of the definition.
     std::vector<std::string_view> fitting(NameRole role) const;
 

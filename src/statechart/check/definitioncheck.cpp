@@ -60,7 +60,7 @@ void checkDevice(const JsonObject& definition, FindingReport& report)
     const ChartModel chart(definition, texts);
     const ConstantFolding folding;
     for (const auto lint : lints)
-        lint({definition, texts, chart, folding}, report);
+        lint({definition, texts, record.failures(), chart, folding}, report);
 }
 
 } // namespace

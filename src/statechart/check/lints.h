@@ -11,6 +11,7 @@ struct CheckedDefinition
 {
     const JsonObject& definition;
     const std::vector<CheckedText>& texts;
+    const std::vector<CompileRecord::Failure>& failures;
     const ChartModel& chart;
     const ConstantFolding& folding;
 };

@@ -1,3 +1,5 @@
+#include "actionlanguage/tokens/compilationexception.h"
+#include "actionlanguage/tokens/tokeniser.h"
 #include "statechart/check/declaredname.h"
 #include "statechart/check/lints.h"
 #include "statechart/check/namehints.h"
@@ -27,10 +29,28 @@ public:
                     lintCall(*function, node);
             });
         }
+        for (const CompileRecord::Failure& failure : m_checked.failures) {
+            if (failure.text)
+                useNamesIn(failure.text->source);
+        }
         reportUnused();
     }
 
 private:
+    /// What a text that does not compile would do with a name is not known: any string may be one.
+    void useNamesIn(std::string_view source)
+    {
+        try {
+            std::vector<Diagnostic> findings;
+            for (const Token& token : tokenise(source, findings)) {
+                if (token.is(LiteralKind::string) && token.text().size() >= 2)
+                    m_names.useEverywhere(token.text().substr(1, token.text().size() - 2));
+            }
+        } catch (const TokeniserAllocationFailure&) {
+            m_names.useAll();
+        }
+    }
+
     void lintCall(const NamingFunction& function, const SourceNode& call)
     {
         const SourceNode& argument = call.children.front();

@@ -32,14 +32,17 @@ constexpr const char* unescaped(char letter)
     return nullptr;
 }
 
-/// The letter that escapes a byte, or null when the byte is written as it stands.
-constexpr const char* escapeLetter(char byte)
+inline constexpr auto jsonEscapeLetters = [] {
+    std::array<char, 256> letters{};
+    for (const JsonEscape& escape : jsonEscapes)
+        letters[static_cast<unsigned char>(escape.byte)] = escape.letter;
+    return letters;
+}();
+
+/// The letter that escapes a byte, or '\0' when the byte is written as it stands.
+constexpr char escapeLetter(char byte)
 {
-    for (const JsonEscape& escape : jsonEscapes) {
-        if (escape.byte == byte)
-            return &escape.letter;
-    }
-    return nullptr;
+    return jsonEscapeLetters[static_cast<unsigned char>(byte)];
 }
 
 #endif

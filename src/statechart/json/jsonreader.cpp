@@ -4,6 +4,9 @@
 
 #include <charconv>
 #include <istream>
+#include <iterator>
+#include <memory>
+#include <utility>
 
 namespace {
 
@@ -11,6 +14,9 @@ bool isDigit(int byte)
 {
     return byte >= '0' && byte <= '9';
 }
+
+// An array that is not worth moving to a place of the right size.
+constexpr std::size_t largeArray = 65536;
 
 bool startsValue(int byte)
 {
@@ -23,80 +29,113 @@ bool startsValue(int byte)
 JsonValue JsonReader::readValue()
 {
     m_source.skipWhitespace();
-    JsonValue value;
-    readOn(readInto(value));
-    return value;
+    return readOn(readStart());
 }
 
 JsonObject JsonReader::readObject()
 {
-    JsonValue value;
-    readOn(openObject(value));
-    return std::move(value.asObject());
+    return std::move(readOn(openObject()).asObject());
 }
 
 JsonArray JsonReader::readArray()
 {
-    JsonValue value;
-    readOn(openArray(value));
-    return std::move(value.asArray());
+    return std::move(readOn(openArray()).asArray());
 }
 
-void JsonReader::readOn(JsonValue* next)
-{
-    for (;;) {
-        if (next == nullptr)
-            next = nextPlace();
-        if (next == nullptr)
-            return;
-        m_source.skipWhitespace();
-        next = readInto(*next);
-    }
-}
-
-JsonValue* JsonReader::nextPlace()
+JsonValue JsonReader::readOn(bool isComplete)
 {
     m_source.skipWhitespace();
-    while (!m_open.empty()) {
-        JsonValue& container = *m_open.back();
-        const bool isArray = container.isArray();
-        if (m_source.here() == ',') {
-            m_source.take();
-            return isArray ? &container.asArray().emplace_back() : placeOfMember(container.asObject());
-        }
-        if (isArray)
-            m_source.takeIf(']', "expected ',' or ']'");
-        else
-            m_source.takeIf('}', "expected ',' or '}'");
-        m_open.pop_back();
+    while (!isComplete || !m_open.empty()) {
+        isComplete = isComplete ? readBehind() : readStart();
         m_source.skipWhitespace();
     }
-    return nullptr;
+    JsonValue value = std::move(m_elements.back());
+    m_elements.pop_back();
+    return value;
 }
 
-JsonValue* JsonReader::readInto(JsonValue& place)
+template <class Content>
+void JsonReader::add(Content&& content)
 {
+    if (m_open.empty() || m_open.back().isArray)
+        m_elements.emplace_back(std::forward<Content>(content));
+    else // a member is null from the start, which needs no end
+        std::construct_at(&m_members.back().value, std::forward<Content>(content));
+}
+
+bool JsonReader::readStart()
+{
+    if (m_valuesLeft == 0)
+        m_source.fail("too many values");
+    --m_valuesLeft;
     switch (m_source.here()) {
     case '"':
-        place = readString();
-        return nullptr;
+        add(readStringBytes());
+        return true;
     case '[':
-        return openArray(place);
+        return openArray();
     case '{':
-        return openObject(place);
+        return openObject();
     case 'f':
     case 't':
-        place = readBoolean();
-        return nullptr;
+        add(readBoolean());
+        return true;
     case 'n':
         readLiteral("null", "expected 'null'");
-        return nullptr; // a place is null from the start
+        add(JsonNull());
+        return true;
     default:
         if (!startsValue(m_source.here()))
             m_source.fail("expected value");
-        place = readNumber();
-        return nullptr;
+        readNumber();
+        return true;
     }
+}
+
+/// Reads on behind a value in a container.
+bool JsonReader::readBehind()
+{
+    const bool isArray = m_open.back().isArray;
+    if (m_source.here() == ',') {
+        m_source.take();
+        if (isArray)
+            m_source.skipWhitespace();
+        else
+            readKey();
+        return false;
+    }
+    if (isArray)
+        m_source.takeIf(']', "expected ',' or ']'");
+    else
+        m_source.takeIf('}', "expected ',' or '}'");
+    close();
+    return true;
+}
+
+/// What was gathered is moved to where it is to stay, with no more room than it needs.
+void JsonReader::close()
+{
+    const auto [isArray, start] = m_open.back();
+    m_open.pop_back();
+    const auto offset = static_cast<std::ptrdiff_t>(start);
+    if (isArray && start == 0 && m_elements.size() >= largeArray) {
+        add(std::exchange(m_elements, {}));
+    } else if (isArray) {
+        const auto first = m_elements.begin() + offset;
+        JsonArray array(std::make_move_iterator(first), std::make_move_iterator(m_elements.end()));
+        m_elements.erase(first, m_elements.end());
+        add(std::move(array));
+    } else {
+        JsonObject object;
+        object.insertAll(m_members.data() + offset, m_members.data() + m_members.size());
+        m_members.erase(m_members.begin() + offset, m_members.end());
+        add(std::move(object));
+    }
+}
+
+void JsonReader::open(bool isArray)
+{
+    m_open.push_back({isArray, isArray ? m_elements.size() : m_members.size()});
 }
 
 void JsonReader::checkDepth() const
@@ -105,46 +144,47 @@ void JsonReader::checkDepth() const
         m_source.fail("nesting too deep");
 }
 
-JsonValue* JsonReader::openArray(JsonValue& place)
+bool JsonReader::openArray()
 {
     checkDepth();
     m_source.takeIf('[', "expected [");
     m_source.skipWhitespace();
-    place = JsonArray();
     if (m_source.here() == ']') {
         m_source.take();
-        return nullptr;
+        add(JsonArray());
+        return true;
     }
     if (!startsValue(m_source.here()))
         m_source.fail("expected ] or array definition");
-    m_open.push_back(&place);
-    return &place.asArray().emplace_back();
+    open(true);
+    return false;
 }
 
-JsonValue* JsonReader::openObject(JsonValue& place)
+bool JsonReader::openObject()
 {
     checkDepth();
     m_source.takeIf('{', "expected {");
     m_source.skipWhitespace();
-    place = JsonObject();
     if (m_source.here() == '}') {
         m_source.take();
-        return nullptr;
+        add(JsonObject());
+        return true;
     }
     if (m_source.here() != '"')
         m_source.fail("expected } or object definition");
-    m_open.push_back(&place);
-    return placeOfMember(place.asObject());
+    open(false);
+    readKey();
+    return false;
 }
 
-JsonValue* JsonReader::placeOfMember(JsonObject& object)
+/// A key, and what stands between it and its value.
+void JsonReader::readKey()
 {
     m_source.skipWhitespace();
-    readStringIntoText();
+    m_members.push_back({std::string(readStringBytes()), JsonValue()});
     m_source.skipWhitespace();
     m_source.takeIf(':', "expected :");
-    JsonValue* const place = object.add(m_text);
-    return place != nullptr ? place : &m_discarded.emplace_back(); // the first of a key stays
+    m_source.skipWhitespace();
 }
 
 bool JsonReader::readBoolean()
@@ -173,7 +213,7 @@ void JsonReader::takeDigits()
         takeIntoText();
 }
 
-JsonValue JsonReader::readNumber()
+void JsonReader::readNumber()
 {
     m_text.clear();
     if (m_source.here() == '-')
@@ -195,37 +235,39 @@ JsonValue JsonReader::readNumber()
             takeIntoText();
         takeDigits();
     }
-    return isReal ? convert(0.0) : convert(std::int32_t{0});
+    if (isReal)
+        add(convert<double>());
+    else
+        add(convert<std::int32_t>());
 }
 
 /// What the conversion leaves of the text is dropped with it: "1e3" is the integer 1.
 template <class Number>
-JsonValue JsonReader::convert(Number number) const
+Number JsonReader::convert() const
 {
+    Number number{};
     if (std::from_chars(m_text.data(), m_text.data() + m_text.size(), number).ec != std::errc())
         m_source.fail("invalid number");
-    return JsonValue(number);
+    return number;
 }
 
-std::string JsonReader::readString()
-{
-    readStringIntoText();
-    return m_text;
-}
-
-void JsonReader::readStringIntoText()
+std::string_view JsonReader::readStringBytes()
 {
     m_source.takeIf('"', "expected string opening \"");
-    m_text.clear();
-    while (m_source.here() != '"' && m_source.here() != JsonSource::end) {
+    const std::string_view plain = m_source.takePlainBytes();
+    if (m_source.takeIfReady('"')) // most strings stand in the buffer as they are
+        return plain;
+    m_text = plain;
+    while (m_source.here() != '"') {
+        if (m_source.here() == JsonSource::end)
+            m_source.fail("unexpected end of string");
         if (m_source.here() == '\\')
             readEscape();
         else
-            m_source.takePlainBytes(m_text);
+            m_text += m_source.takePlainBytes();
     }
-    if (m_source.here() == JsonSource::end)
-        m_source.fail("unexpected end of string");
     readStringEnd();
+    return m_text;
 }
 
 void JsonReader::readStringEnd()

@@ -5,7 +5,6 @@
 #include "statechart/json/jsonsource.h"
 #include "statechart/json/jsonvalue.h"
 
-#include <deque>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -28,12 +27,16 @@ private:
 
 /// Reads one document; what stands behind it is left unread.
 /// @throws JsonReadException with reason and position, also when values are nested deeper than
-/// `jsonMaximumDepth`; JsonException "invalid type for JSON document".
+/// `jsonMaximumDepth` or are more than `jsonMaximumValues`; JsonException "invalid type for JSON document".
 HALVWIDGETS_EXPORT JsonDocument readDocument(std::istream& input);
 
 /// The nesting of arrays and objects that the reader takes. It stands far above honest documents and keeps
 /// hostile ones from overflowing the stack.
 inline constexpr int jsonMaximumDepth = 5000;
+
+/// The number of values that the reader takes, those in arrays and objects among them. It stands far above
+/// honest documents and keeps hostile ones from filling the memory.
+inline constexpr std::size_t jsonMaximumValues = 50'000'000;
 
 /// @throws JsonException "JSON document is not an object", "JSON document is not an array".
 HALVWIDGETS_EXPORT const JsonObject& asObject(const JsonDocument& document);
@@ -43,12 +46,15 @@ HALVWIDGETS_EXPORT const JsonArray& asArray(const JsonDocument& document);
 HALVWIDGETS_EXPORT JsonObject asObject(JsonDocument&& document);
 HALVWIDGETS_EXPORT JsonArray asArray(JsonDocument&& document);
 
-/// Reads values of any kind from where a stream stands. Containers that are not closed yet stand in a list,
-/// so that depth takes no stack. What raises leaves the reader of no further use.
+/// Reads values of any kind from where a stream stands; that goes on behind what was read when the reader
+/// ends. Containers that are not closed yet stand in a list, so that depth takes no stack. What raises leaves
+/// the reader of no further use.
 class JsonReader
 {
 public:
-    explicit JsonReader(std::istream& input) : m_source(input) {}
+    explicit JsonReader(std::istream& input, std::size_t maximumValues = jsonMaximumValues)
+        : m_source(input), m_valuesLeft(maximumValues)
+    {}
 
     /// Any value, and the whitespace around it.
     JsonValue readValue();
@@ -57,38 +63,52 @@ public:
     JsonObject readObject();
     JsonArray readArray();
     bool readBoolean();
-    std::string readString();
+    std::string readString() { return std::string(readStringBytes()); }
 
     /// The quote behind the bytes of a string.
     void readStringEnd();
 
 private:
-    // Each of these fills a place. What they give is the place of the first value inside a container, which
-    // is then to be filled next, or null when nothing is left to fill in this place.
-    JsonValue* readInto(JsonValue& place);
-    JsonValue* openArray(JsonValue& place);
-    JsonValue* openObject(JsonValue& place);
+    struct Container
+    {
+        bool isArray;
+        std::size_t start; // where its own elements or members start in the list of all
+    };
 
-    /// Fills `next`, and whatever follows up to the end of all open containers.
-    void readOn(JsonValue* next);
+    // Each of these tells whether a value was read to its end. If not, the first or the next value in a
+    // container comes next.
+    bool readStart();
+    bool openArray();
+    bool openObject();
+    bool readBehind();
 
-    /// The place behind the value that was just read, or null when all containers have ended.
-    JsonValue* nextPlace();
-    JsonValue* placeOfMember(JsonObject& object);
+    /// The rest of a value, and the whitespace behind it.
+    JsonValue readOn(bool isComplete);
 
+    /// Puts a value into the container that is open, or where the whole value is kept.
+    template <class Content>
+    void add(Content&& content);
+
+    void close();
+    void open(bool isArray);
     void checkDepth() const;
+    void readKey();
     void readLiteral(std::string_view word, const char* reason);
     void takeDigits();
-    void takeIntoText() { m_text += static_cast<char>(m_source.take()); }
-    JsonValue readNumber();
+    void takeIntoText() { m_text += m_source.take(); }
+    void readNumber();
     template <class Number>
-    JsonValue convert(Number number) const;
-    void readStringIntoText();
+    Number convert() const;
+
+    /// The decoded bytes, which stay until the next byte is read.
+    std::string_view readStringBytes();
     void readEscape();
 
     JsonSource m_source;
-    std::vector<JsonValue*> m_open;    // each stands in the one before it, and grows only when it is the last
-    std::deque<JsonValue> m_discarded; // values of keys that were there already
+    std::size_t m_valuesLeft;
+    std::vector<Container> m_open;
+    std::vector<JsonValue> m_elements; // of all open arrays, or the whole value
+    std::vector<JsonMember> m_members; // of all open objects
     std::string m_text;                // of the token that is being read
 };
 

@@ -1,6 +1,7 @@
 #ifndef JSONSOURCE_H
 #define JSONSOURCE_H
 
+#include "statechart/json/bytesearch.h"
 #include "statechart/json/jsonexceptions.h"
 
 #include <algorithm>
@@ -8,11 +9,10 @@
 #include <istream>
 #include <limits>
 #include <streambuf>
-#include <string>
 #include <string_view>
-#include <utility>
 
-/// The bytes of a stream, taken from its buffer, and how many of them were taken.
+/// The bytes of a stream, looked at where its buffer holds them ready, and how many of them were taken. The
+/// stream itself goes on when the next bytes are asked of it, and in the end.
 class JsonSource
 {
 public:
@@ -21,53 +21,58 @@ public:
         if (m_buffer == nullptr)
             return;
         const std::streamoff start = m_buffer->pubseekoff(0, std::ios_base::cur, std::ios_base::in);
-        m_position = start < 0 ? 0 : static_cast<std::uint64_t>(start);
-        m_here = m_buffer->sgetc();
+        m_before = start < 0 ? 0 : static_cast<std::uint64_t>(start);
     }
+
+    JsonSource(const JsonSource&) = delete;
+    JsonSource& operator=(const JsonSource&) = delete;
+    ~JsonSource() { moveStream(); }
 
     static constexpr int end = std::char_traits<char>::eof();
 
     /// The next byte as an unsigned one, or `end`.
-    int here() const { return m_here; }
+    int here() { return m_next != m_end || fetch() ? static_cast<unsigned char>(*m_next) : end; }
 
-    int take()
+    /// To be called where here() is not the end.
+    char take() { return *m_next++; }
+
+    /// Takes the bytes that stand ready up to the next quote or backslash. They stay where they are until
+    /// more is asked for than stands ready.
+    std::string_view takePlainBytes()
     {
-        ++m_position;
-        return std::exchange(m_here, m_buffer->snextc());
+        const auto flags = [](std::uint64_t word) { return bytesEqual(word, '"') | bytesEqual(word, '\\'); };
+        const auto isSpecial = [](char byte) { return byte == '"' || byte == '\\'; };
+        const char* const start = m_next;
+        m_next = findByte(m_next, m_end, flags, isSpecial);
+        return {start, static_cast<std::size_t>(m_next - start)};
     }
 
-    /// Appends the bytes up to the next quote or backslash, or as many of them as the buffer holds ready, but
-    /// one at least. To be called where a plain byte comes next.
-    void takePlainBytes(std::string& text)
+    /// Takes the next byte if it stands ready and is this one.
+    bool takeIfReady(char byte)
     {
-        const std::string_view ready = GetArea::of(*m_buffer);
-        if (ready.empty()) { // a buffer that hands out byte by byte
-            text += static_cast<char>(take());
-            return;
-        }
-        const auto* const special =
-            std::find_if(ready.begin(), ready.end(), [](char byte) { return byte == '"' || byte == '\\'; });
-        const auto length = static_cast<std::size_t>(special - ready.begin());
-        text.append(ready.substr(0, length));
-        GetArea::skip(*m_buffer, length);
-        m_position += length;
-        m_here = m_buffer->sgetc();
+        if (m_next == m_end || *m_next != byte)
+            return false;
+        ++m_next;
+        return true;
     }
 
     void skipWhitespace()
     {
-        while (m_here == ' ' || m_here == '\n' || m_here == '\r' || m_here == '\t')
-            take();
+        for (int byte = here(); byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t'; byte = here())
+            ++m_next;
     }
 
     void takeIf(int byte, const char* reason)
     {
-        if (m_here != byte)
+        if (here() != byte)
             fail(reason);
-        take();
+        ++m_next;
     }
 
-    [[noreturn]] void fail(const char* reason) const { throw JsonReadException(reason, m_position); }
+    [[noreturn]] void fail(const char* reason) const
+    {
+        throw JsonReadException(reason, m_before + static_cast<std::uint64_t>(m_next - m_start));
+    }
 
 private:
     /// The way to what a buffer holds ready, which is for derived classes only.
@@ -86,9 +91,45 @@ private:
         }
     };
 
+    /// Moves the stream behind what was taken.
+    void moveStream()
+    {
+        const auto taken = static_cast<std::size_t>(m_next - m_start);
+        if (taken == 0)
+            return;
+        if (m_start == &m_single)
+            m_buffer->sbumpc();
+        else
+            GetArea::skip(*m_buffer, taken);
+        m_before += taken;
+        m_start = m_next;
+    }
+
+    /// Has the buffer make more bytes ready; tells whether there are any.
+    bool fetch()
+    {
+        if (m_buffer == nullptr)
+            return false;
+        moveStream();
+        const int next = m_buffer->sgetc();
+        std::string_view ready;
+        if (next != end)
+            ready = GetArea::of(*m_buffer);
+        if (next != end && ready.empty()) { // a buffer that hands out byte by byte
+            m_single = std::char_traits<char>::to_char_type(next);
+            ready = {&m_single, 1};
+        }
+        m_start = m_next = ready.data();
+        m_end = m_start + ready.size();
+        return next != end;
+    }
+
     std::streambuf* m_buffer;
-    std::uint64_t m_position = 0;
-    int m_here = end;
+    const char* m_start = nullptr; // where the stream stands; what is ready up to m_next was taken
+    const char* m_next = nullptr;
+    const char* m_end = nullptr;
+    std::uint64_t m_before = 0; // the position of m_start
+    char m_single = 0;
 };
 
 #endif

@@ -1,19 +1,7 @@
 #include "statechart/json/jsonvalue.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
-
-namespace {
-
-/// Its conversion fails, which leaves a variant without an alternative. (Of a string or a vector, variants
-/// take care to keep what they had.)
-struct Failing
-{
-    operator JsonObject() const { throw 0; }
-};
-
-} // namespace
 
 bool operator==(const JsonNumber& left, const JsonNumber& right)
 {
@@ -23,210 +11,173 @@ bool operator==(const JsonNumber& left, const JsonNumber& right)
                                                  : left.m_integer == right.m_integer;
 }
 
-JsonValue::JsonValue() : m_content(JsonNull()) {}
-JsonValue::JsonValue(JsonNull) : JsonValue() {}
-JsonValue::JsonValue(bool value) : m_content(value) {}
-JsonValue::JsonValue(std::int32_t value) : m_content(JsonNumber(value)) {}
-JsonValue::JsonValue(double value) : m_content(JsonNumber(value)) {}
-JsonValue::JsonValue(JsonNumber value) : m_content(value) {}
-JsonValue::JsonValue(const char* value) : m_content(std::string(value)) {}
-JsonValue::JsonValue(std::string_view value) : m_content(std::string(value)) {}
-JsonValue::JsonValue(std::string value) : m_content(std::move(value)) {}
-JsonValue::JsonValue(JsonArray value) : m_content(std::move(value)) {}
-JsonValue::JsonValue(JsonObject value) : m_content(std::move(value)) {}
-
-JsonValue::JsonValue(const JsonValue& other) : m_content(JsonNull())
+/// Takes the containers inside this one apart, one after the other, so that depth takes no stack. The last
+/// comes first: memory that is given back in the reverse order of its use is soon whole again.
+void JsonValue::dropContainer() noexcept
 {
-    if (other.hasNestedValues())
-        copyTree(other);
-    else
-        m_content = other.m_content;
-}
-
-JsonValue& JsonValue::operator=(const JsonValue& other)
-{
-    return *this = JsonValue(other);
-}
-
-JsonValue& JsonValue::operator=(JsonValue&& other) noexcept
-{
-    if (!isArray() && !isObject()) {
-        m_content = std::move(other.m_content);
-        return *this;
-    }
-    // `other` may stand inside of what is destroyed here.
-    Content taken(std::move(other.m_content));
-    m_content = std::move(taken);
-    return *this;
-}
-
-void JsonValue::dropNestedValues() noexcept
-{
-    if (!hasNestedValues())
-        return;
     try {
-        // One value after the other, so that depth takes no stack.
-        std::vector<JsonValue> values;
-        moveNestedValuesTo(values);
-        while (!values.empty()) {
-            JsonValue value(std::move(values.back()));
-            values.pop_back();
-            value.moveNestedValuesTo(values);
+        std::vector<JsonValue> containers;
+        moveContainersTo(containers);
+        while (!containers.empty()) {
+            JsonValue container(std::move(containers.back()));
+            containers.pop_back();
+            container.moveContainersTo(containers);
+            container.endContainer();
         }
     } catch (const std::bad_alloc&) {
-        // Then the members destroy each other.
+        // Then the containers destroy each other.
+    }
+    endContainer();
+}
+
+void JsonValue::endContainer() noexcept
+{
+    if (m_type == Type::array)
+        m_array.~vector();
+    else
+        m_object.~JsonObject();
+    m_type = Type::null;
+}
+
+void JsonValue::moveContainersTo(std::vector<JsonValue>& values)
+{
+    const auto take = [&](JsonValue& value) {
+        if ((value.isArray() && !value.m_array.empty()) || (value.isObject() && !value.m_object.empty()))
+            values.push_back(std::move(value));
+    };
+    if (m_type == Type::array) {
+        for (JsonValue& element : m_array)
+            take(element);
+    } else {
+        for (JsonMember& member : m_object.m_members)
+            take(member.value);
     }
 }
 
 JsonValue JsonValue::withoutType()
 {
     JsonValue value;
-    try {
-        value.m_content.emplace<JsonObject>(Failing());
-    } catch (int) {
-    }
+    value.m_type = static_cast<Type>(6);
     return value;
-}
-
-bool JsonValue::isInt() const
-{
-    const JsonNumber* const number = std::get_if<JsonNumber>(&m_content);
-    return number != nullptr && number->kind() == JsonNumber::Kind::integer;
-}
-
-bool JsonValue::isDouble() const
-{
-    const JsonNumber* const number = std::get_if<JsonNumber>(&m_content);
-    return number != nullptr && number->kind() == JsonNumber::Kind::real;
-}
-
-template <class T, JsonTypeException::Code code>
-const T& JsonValue::as() const
-{
-    const T* const content = std::get_if<T>(&m_content);
-    if (content == nullptr)
-        throw JsonTypeException(code);
-    return *content;
 }
 
 const std::string& JsonValue::asString() const
 {
-    return as<std::string>();
+    require(Type::string);
+    return m_string;
 }
 
 const JsonObject& JsonValue::asObject() const
 {
-    return as<JsonObject>();
+    require(Type::object);
+    return m_object;
 }
 
 JsonObject& JsonValue::asObject()
 {
-    return const_cast<JsonObject&>(std::as_const(*this).asObject());
+    require(Type::object);
+    return m_object;
 }
 
 const JsonArray& JsonValue::asArray() const
 {
-    return as<JsonArray>();
+    require(Type::array);
+    return m_array;
 }
 
 JsonArray& JsonValue::asArray()
 {
-    return const_cast<JsonArray&>(std::as_const(*this).asArray());
+    require(Type::array);
+    return m_array;
 }
 
 bool JsonValue::asBool() const
 {
-    return as<bool>();
+    require(Type::boolean);
+    return m_boolean;
 }
 
 std::int32_t JsonValue::asInt() const
 {
     if (!isInt())
         throw JsonTypeException(JsonTypeException::Code::invalidCast);
-    return asNumber().integer();
+    return m_number.integer();
 }
 
 double JsonValue::asDouble() const
 {
     if (!isDouble())
         throw JsonTypeException(JsonTypeException::Code::invalidCast);
-    return asNumber().real();
+    return m_number.real();
 }
 
 const JsonNumber& JsonValue::asNumber() const
 {
-    return as<JsonNumber>();
+    require(Type::number);
+    return m_number;
 }
 
 bool JsonValue::has(std::string_view key) const
 {
-    const JsonObject* const object = std::get_if<JsonObject>(&m_content);
-    return object != nullptr && object->contains(key);
+    return isObject() && m_object.contains(key);
 }
 
 const JsonValue& JsonValue::member(std::string_view key) const
 {
-    return as<JsonObject, JsonTypeException::Code::notAnObject>().at(key);
+    require(Type::object, JsonTypeException::Code::notAnObject);
+    return m_object.at(key);
 }
 
 const JsonValue& JsonValue::element(std::size_t index) const
 {
-    const JsonArray& array = as<JsonArray, JsonTypeException::Code::notAnArray>();
-    if (index >= array.size())
+    require(Type::array, JsonTypeException::Code::notAnArray);
+    if (index >= m_array.size())
         throw JsonTypeException(JsonTypeException::Code::indexOutOfBounds);
-    return array[index];
+    return m_array[index];
 }
 
 bool JsonValue::equals(std::string_view text) const
 {
-    const std::string* const content = std::get_if<std::string>(&m_content);
-    return content != nullptr && *content == text;
+    return isString() && m_string == text;
 }
 
 bool JsonValue::equals(std::int32_t integer) const
 {
-    return isInt() && asNumber().integer() == integer;
+    return isInt() && m_number.integer() == integer;
 }
 
 void JsonValue::reserve(std::size_t count)
 {
     if (isArray())
-        asArray().reserve(count);
+        m_array.reserve(count);
     else
         asObject().reserve(count);
 }
 
-bool JsonValue::hasNestedValues() const
+/// Copies what has no elements and no members, to a null value.
+void JsonValue::copyFlat(const JsonValue& other)
 {
-    const auto nests = [](const JsonValue& value) {
-        if (const auto* array = std::get_if<JsonArray>(&value.m_content))
-            return !array->empty();
-        const auto* object = std::get_if<JsonObject>(&value.m_content);
-        return object != nullptr && !object->empty();
-    };
-    if (const auto* array = std::get_if<JsonArray>(&m_content))
-        return std::any_of(array->begin(), array->end(), nests);
-    if (const auto* object = std::get_if<JsonObject>(&m_content)) {
-        return std::any_of(object->begin(), object->end(),
-                           [&](const JsonMember& member) { return nests(member.value); });
+    switch (other.m_type) {
+    case Type::string:
+        new (&m_string) std::string(other.m_string);
+        break;
+    case Type::array:
+        new (&m_array) JsonArray();
+        break;
+    case Type::object:
+        new (&m_object) JsonObject();
+        break;
+    case Type::number:
+        m_number = other.m_number;
+        break;
+    default:
+        m_boolean = other.m_boolean;
+        break;
     }
-    return false;
+    m_type = other.m_type;
 }
 
-void JsonValue::moveNestedValuesTo(std::vector<JsonValue>& values)
-{
-    const auto take = [&](JsonValue& value) {
-        if (value.isArray() || value.isObject())
-            values.push_back(std::move(value));
-    };
-    if (auto* array = std::get_if<JsonArray>(&m_content)) {
-        std::for_each(array->begin(), array->end(), take);
-    } else if (auto* object = std::get_if<JsonObject>(&m_content)) {
-        for (JsonMember& member : object->m_members)
-            take(member.value);
-    }
-}
-
+/// To be called on a null value.
 void JsonValue::copyTree(const JsonValue& other)
 {
     struct Copy
@@ -234,26 +185,28 @@ void JsonValue::copyTree(const JsonValue& other)
         const JsonValue* from;
         JsonValue* to;
     };
-    std::vector<Copy> copies{{&other, this}};
+    std::vector<Copy> copies; // of containers, which are filled one after the other
+    const auto copy = [&](const JsonValue& from, JsonValue& to) {
+        to.copyFlat(from);
+        if ((from.isArray() && !from.m_array.empty()) || (from.isObject() && !from.m_object.empty()))
+            copies.push_back({&from, &to});
+    };
+    copy(other, *this);
     while (!copies.empty()) {
         const auto [from, to] = copies.back();
         copies.pop_back();
-        if (!from->hasNestedValues()) {
-            to->m_content = from->m_content;
-        } else if (from->isArray()) {
-            const JsonArray& source = from->asArray();
-            JsonArray& target = to->m_content.emplace<JsonArray>(source.size());
-            for (std::size_t index = 0; index < source.size(); ++index)
-                copies.push_back({&source[index], &target[index]});
+        if (from->isArray()) {
+            to->m_array.resize(from->m_array.size());
+            for (std::size_t index = 0; index < from->m_array.size(); ++index)
+                copy(from->m_array[index], to->m_array[index]);
         } else {
-            const JsonObject& source = from->asObject();
-            JsonObject& target = to->m_content.emplace<JsonObject>();
-            target.m_index = source.m_index;
+            const JsonObject& source = from->m_object;
+            JsonObject& target = to->m_object;
+            if (source.m_index)
+                target.m_index = std::make_unique<JsonObject::Index>(*source.m_index);
             target.m_members.reserve(source.size());
             for (const JsonMember& member : source)
-                target.m_members.push_back({member.key, JsonValue()});
-            for (std::size_t index = 0; index < source.size(); ++index)
-                copies.push_back({&source.m_members[index].value, &target.m_members[index].value});
+                copy(member.value, target.m_members.emplace_back(JsonMember{member.key, {}}).value);
         }
     }
 }

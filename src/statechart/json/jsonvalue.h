@@ -7,8 +7,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -56,15 +58,21 @@ private:
 };
 
 /// Members by key: a hash map (64-bit FNV-1a, load factor 1.0, 8 buckets at first) whose own sequence is
-/// the order of insertion, so that a document that was read and written differs only where it changed. An
+/// the order of insertion, so that a document that was read and written differs only where it changed. As
+/// long as the first 8 buckets would do, there are none: so few keys are compared sooner than hashed. An
 /// empty one holds no memory.
 class HALVWIDGETS_EXPORT JsonObject
 {
 public:
     using const_iterator = std::vector<JsonMember>::const_iterator;
 
-    JsonObject();
+    inline JsonObject() noexcept;
     JsonObject(std::initializer_list<JsonMember> members);
+    JsonObject(const JsonObject& other);
+    inline JsonObject(JsonObject&& other) noexcept;
+    inline JsonObject& operator=(const JsonObject& other);
+    inline JsonObject& operator=(JsonObject&& other) noexcept;
+    inline ~JsonObject();
 
     std::size_t size() const;
     bool empty() const;
@@ -85,9 +93,8 @@ public:
     /// Adds a member unless the key is there already; tells whether it did.
     bool insert(std::string key, JsonValue value);
 
-    /// Adds a member whose value, null at first, is to be filled in where it stands; null when the key is
-    /// there already. The place holds until the next member is added.
-    JsonValue* add(std::string_view key);
+    /// Adds members in turn, each unless its key is there already, and takes their keys and values.
+    void insertAll(JsonMember* first, JsonMember* last);
 
     /// Adds a member, or gives the one with this key another value, in its old place.
     JsonValue& set(std::string key, JsonValue value);
@@ -100,22 +107,26 @@ private:
 
     static constexpr std::uint32_t none = 0xffffffff;
 
+    std::uint64_t hashFor(std::string_view key) const;
     std::uint32_t indexOf(std::string_view key, std::uint64_t hash) const;
-    JsonValue& append(std::string key, JsonValue value, std::uint64_t hash);
+    JsonValue& append(JsonMember&& member, std::uint64_t hash);
     void chain(std::uint32_t index, std::uint64_t hash);
     void rehash(std::size_t buckets);
-    std::size_t bucketCount() const { return m_index.size() / 2; }
+    std::size_t bucketCount() const { return m_index ? m_index->size() / 2 : 0; }
 
     std::vector<JsonMember> m_members;
 
     // For each bucket the first member of its chain, or none; and behind them, for each member, the next one
     // of its chain, or none. There is a place for as many members as there are buckets.
-    std::vector<std::uint32_t> m_index;
+    using Index = std::vector<std::uint32_t>;
+
+    std::unique_ptr<Index> m_index; // null as long as the members would fit into the first buckets
 };
 
 /// A JSON value of the state chart engine. Integers have 32 bits, a number keeps its kind, text is bytes
 /// (UTF-8 by convention). The readers and the writer stand in jsonreader.h and jsonwriter.h. Copying,
-/// comparing and destroying take no stack for depth.
+/// comparing and destroying take no stack for depth. A value takes 40 bytes, and short text no more than
+/// that. A value that was moved from is null.
 ///
 ///     JsonValue value(JsonObject{{"a", 1}});
 ///     value.member("a").asInt();   // 1
@@ -134,34 +145,34 @@ public:
         string = 5,
     };
 
-    JsonValue();
-    JsonValue(JsonNull);
-    JsonValue(bool value);
-    JsonValue(std::int32_t value);
-    JsonValue(double value);
-    JsonValue(JsonNumber value);
-    JsonValue(const char* value);
-    JsonValue(std::string_view value);
-    JsonValue(std::string value);
-    JsonValue(JsonArray value);
-    JsonValue(JsonObject value);
-    JsonValue(const JsonValue& other);
+    JsonValue() noexcept : m_boolean(false) {}
+    JsonValue(JsonNull) noexcept : JsonValue() {}
+    JsonValue(bool value) noexcept : m_boolean(value), m_type(Type::boolean) {}
+    JsonValue(std::int32_t value) noexcept : JsonValue(JsonNumber(value)) {}
+    JsonValue(double value) noexcept : JsonValue(JsonNumber(value)) {}
+    JsonValue(JsonNumber value) noexcept : m_number(value), m_type(Type::number) {}
+    JsonValue(const char* value) : JsonValue(std::string_view(value)) {}
+    JsonValue(std::string_view value) : m_string(value), m_type(Type::string) {}
+    JsonValue(std::string value) noexcept : m_string(std::move(value)), m_type(Type::string) {}
+    inline JsonValue(JsonArray value) noexcept;
+    inline JsonValue(JsonObject value) noexcept;
+    JsonValue(const JsonValue& other) : JsonValue() { copyTree(other); }
     inline JsonValue(JsonValue&& other) noexcept;
-    JsonValue& operator=(const JsonValue& other);
-    JsonValue& operator=(JsonValue&& other) noexcept;
+    JsonValue& operator=(const JsonValue& other) { return *this = JsonValue(other); }
+    inline JsonValue& operator=(JsonValue&& other) noexcept;
     inline ~JsonValue();
 
     /// A value of none of the kinds; it is of use only to show what the writer says of it.
     static JsonValue withoutType();
 
-    Type type() const { return static_cast<Type>(m_content.index()); }
+    Type type() const { return m_type; }
 
     bool isArray() const { return type() == Type::array; }
     bool isBool() const { return type() == Type::boolean; }
     bool isNull() const { return type() == Type::null; }
     bool isNumber() const { return type() == Type::number; }
-    bool isInt() const;
-    bool isDouble() const;
+    bool isInt() const { return isNumber() && m_number.kind() == JsonNumber::Kind::integer; }
+    bool isDouble() const { return isNumber() && m_number.kind() == JsonNumber::Kind::real; }
     bool isObject() const { return type() == Type::object; }
     bool isString() const { return type() == Type::string; }
 
@@ -200,18 +211,30 @@ public:
     friend bool operator==(const JsonValue& left, const JsonValue& right);
 
 private:
-    // The alternatives stand in the order of Type.
-    using Content = std::variant<JsonArray, bool, JsonNull, JsonNumber, JsonObject, std::string>;
+    void require(Type type, JsonTypeException::Code code = JsonTypeException::Code::invalidCast) const
+    {
+        if (m_type != type)
+            throw JsonTypeException(code);
+    }
 
-    template <class T, JsonTypeException::Code code = JsonTypeException::Code::invalidCast>
-    const T& as() const;
-
-    bool hasNestedValues() const;
-    void dropNestedValues() noexcept;
-    void moveNestedValuesTo(std::vector<JsonValue>& values);
+    inline void moveHere(JsonValue& other) noexcept;
+    inline void drop() noexcept;
+    void dropContainer() noexcept;
+    void endContainer() noexcept;
+    void moveContainersTo(std::vector<JsonValue>& values);
+    void copyFlat(const JsonValue& other);
     void copyTree(const JsonValue& other);
 
-    Content m_content;
+    // The type says which one there is; of null there is the boolean.
+    union
+    {
+        bool m_boolean;
+        JsonNumber m_number;
+        std::string m_string;
+        JsonArray m_array;
+        JsonObject m_object;
+    };
+    Type m_type = Type::null;
 };
 
 struct JsonMember
@@ -223,12 +246,98 @@ struct JsonMember
 };
 
 // Here, where a member is complete: values are moved and destroyed too often for a call each.
-inline JsonValue::JsonValue(JsonValue&& other) noexcept = default;
+
+inline JsonObject::JsonObject() noexcept = default;
+inline JsonObject::JsonObject(JsonObject&& other) noexcept = default;
+inline JsonObject& JsonObject::operator=(JsonObject&& other) noexcept = default;
+inline JsonObject::~JsonObject() = default;
+
+inline JsonObject& JsonObject::operator=(const JsonObject& other)
+{
+    return *this = JsonObject(other);
+}
+
+inline JsonValue::JsonValue(JsonArray value) noexcept : m_array(std::move(value)), m_type(Type::array) {}
+inline JsonValue::JsonValue(JsonObject value) noexcept : m_object(std::move(value)), m_type(Type::object) {}
+
+inline JsonValue::JsonValue(JsonValue&& other) noexcept : JsonValue()
+{
+    moveHere(other);
+}
+
+inline JsonValue& JsonValue::operator=(JsonValue&& other) noexcept
+{
+    // `other` may stand inside of what is destroyed here, or be this value itself.
+    JsonValue taken(std::move(other));
+    drop();
+    moveHere(taken);
+    return *this;
+}
 
 inline JsonValue::~JsonValue()
 {
-    if (isArray() || isObject())
-        dropNestedValues();
+    drop();
+}
+
+/// To be called on a null value, and leaves one.
+inline void JsonValue::moveHere(JsonValue& other) noexcept
+{
+    switch (other.m_type) {
+    case Type::string:
+        new (&m_string) std::string(std::move(other.m_string));
+        break;
+    case Type::array:
+        new (&m_array) JsonArray(std::move(other.m_array));
+        break;
+    case Type::object:
+        new (&m_object) JsonObject(std::move(other.m_object));
+        break;
+    case Type::number:
+        m_number = other.m_number;
+        break;
+    default:
+        m_boolean = other.m_boolean;
+        break;
+    }
+    m_type = other.m_type;
+    other.drop();
+}
+
+/// Leaves a null value.
+inline void JsonValue::drop() noexcept
+{
+    switch (m_type) {
+    case Type::string:
+        m_string.~basic_string();
+        break;
+    case Type::array:
+    case Type::object:
+        dropContainer();
+        break;
+    default:
+        break;
+    }
+    m_type = Type::null;
+}
+
+inline JsonObject::const_iterator JsonObject::begin() const
+{
+    return m_members.begin();
+}
+
+inline JsonObject::const_iterator JsonObject::end() const
+{
+    return m_members.end();
+}
+
+inline std::size_t JsonObject::size() const
+{
+    return m_members.size();
+}
+
+inline bool JsonObject::empty() const
+{
+    return m_members.empty();
 }
 
 #endif

@@ -128,6 +128,27 @@ TEST(WholeFiles, ReplaceNoneWhenOneCannotBeWritten)
     EXPECT_EQ(folder.read("third"), "new too");
 }
 
+TEST(WholeFiles, ArePutBackWhenALaterOneFails)
+{
+    const TemporaryFolder folder;
+    const fs::path old = folder.write("old", "old");
+    // What is written in place comes last, and the full device then fails.
+    const auto written = writeWholeFiles({{"/dev/full", "x"}, {old, "new"}, {folder / "fresh", "new"}});
+    ASSERT_FALSE(written.hasValue());
+    EXPECT_EQ(written.error().message(), "the file cannot be written: '/dev/full' (No space left on device)");
+    EXPECT_EQ(folder.read("old"), "old");
+    EXPECT_EQ(filesIn(folder.path()), 1);
+}
+
+TEST(WholeFiles, LeaveNoOldContentBehind)
+{
+    const TemporaryFolder folder;
+    writeWholeFiles({{folder.write("first", "old"), "new"}, {folder.write("second", "old"), "new"}}).value();
+    EXPECT_EQ(folder.read("first"), "new");
+    EXPECT_EQ(folder.read("second"), "new");
+    EXPECT_EQ(filesIn(folder.path()), 2);
+}
+
 TEST(WholeFile, IsWrittenUnderTheLongestNameAndUnderOneOfAnyBytes)
 {
     const TemporaryFolder folder;

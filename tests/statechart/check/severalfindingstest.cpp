@@ -112,6 +112,17 @@ TEST(SeveralErrors, DoNotFollowFromOneAnother)
     EXPECT_THAT(errorsOf(definition), ElementsAre(R"(states["a"].substates["b"].type: invalid cast)"));
 }
 
+TEST(SeveralErrors, LeaveTheNamesInATextThatDoesNotCompileAlone)
+{
+    const std::string sections = R"("inputs": {"d": {"type": "pin"}}, "outputs": {"q": {"type": "pin",
+        "initial": "0"}, "p": {"type": "pin", "initial": "0"}})";
+    const std::string definition = deviceOf(sections, R"("if (isPinHigh(\"d\") setPinHigh(\"q\");")");
+    EXPECT_EQ(textsOf(checkDefinition(definition)),
+              "'p': no action drives this output\nsyntax error: ')' was unexpected; expected 'expression'\n");
+    const std::string unreadable = deviceOf(sections, R"("setPinHigh(\"q\") @")");
+    EXPECT_EQ(textsOf(checkDefinition(unreadable)), "unknown token '@'\n");
+}
+
 TEST(FindingRulesOfAUser, SwitchWarningsOff)
 {
     const std::string definition = actionsOf(R"("int x; if (1) print(1);")");

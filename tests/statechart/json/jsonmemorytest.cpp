@@ -43,16 +43,24 @@ TEST(JsonMemory, IsNotTakenByEmptyContainersThatAreRead)
     EXPECT_LT(allocationsOf([&] { EXPECT_EQ(asArray(readDocument(input)).size(), count); }), 30u);
 }
 
-TEST(JsonMemory, IsTakenOnceForMembersAndOnceForTheirIndex)
+TEST(JsonMemory, IsFortyBytesForAValueAndNoneForShortText)
 {
-    JsonObject object;
-    EXPECT_EQ(allocationsOf([&] {
-                  object.reserve(8);
-                  for (const char* key : {"a", "b", "c", "d", "e", "f", "g", "h"})
-                      object.insert(key, 1);
-              }),
-              2u);
-    EXPECT_EQ(object.size(), 8u);
+    EXPECT_EQ(sizeof(JsonValue), 40u);
+    EXPECT_EQ(allocationsOf([] { const JsonValue value("fifteen letters"); }), 0u);
+}
+
+TEST(JsonMemory, IsTakenForAnIndexOnlyBeyondEightMembers)
+{
+    for (const std::size_t count : {8u, 9u}) {
+        JsonObject object;
+        EXPECT_EQ(allocationsOf([&] {
+                      object.reserve(count);
+                      for (std::size_t index = 0; index < count; ++index)
+                          object.insert(std::string(1, static_cast<char>('a' + index)), 1);
+                  }),
+                  count > 8 ? 3u : 1u);
+        EXPECT_EQ(object.size(), count);
+    }
 }
 
 TEST(JsonMemory, IsHandedOnByADocumentThatIsNotNeededAnyMore)

@@ -436,3 +436,28 @@ const std::vector<LineCase> lineCases{
 INSTANTIATE_TEST_SUITE_P(Rows, JsonLineNumbers, testing::ValuesIn(lineCases));
 
 } // namespace
+
+TEST(JsonReader, TakesAsManyValuesAsItsLimit)
+{
+    const std::string text = R"([1, {"a": [], "a": null}, "x"])"; // six, the array around them among them
+    std::istringstream fitting(text);
+    EXPECT_EQ(JsonReader(fitting, 6).readValue().element(2).asString(), "x");
+    std::istringstream stream(text);
+    try {
+        JsonReader(stream, 5).readValue();
+        FAIL() << "it was read";
+    } catch (const JsonReadException& failure) {
+        EXPECT_EQ(failure.reason(), "too many values");
+        EXPECT_EQ(failure.position(), text.find("\"x\""));
+    }
+}
+
+TEST(JsonReader, ReadsLargeArraysWhereverTheyStand)
+{
+    std::string row = "[0";
+    for (int index = 1; index < 100000; ++index)
+        row += ",1";
+    row += ']';
+    for (const std::string& text : {row, '[' + row + ',' + row + ']', "{\"a\": [" + row + ",2]}"})
+        EXPECT_TRUE(toString(read(text)) == text);
+}

@@ -1,5 +1,7 @@
 #include "statechart/json/jsonvalue.h"
 
+#include "statechart/json/jsonwriter.h"
+
 #include <utility>
 
 namespace {
@@ -176,15 +178,20 @@ TEST(JsonObject, KeepsTheFirstOfEqualKeys)
     EXPECT_EQ((JsonObject{{"a", 1}, {"a", 2}}).at("a").asInt(), 1);
 }
 
-TEST(JsonObject, AddsMembersToBeFilledInUnlessTheyAreThere)
+TEST(JsonObject, TakesMembersInTurnUnlessTheyAreThere)
 {
-    JsonObject object{{"a", 1}};
-    EXPECT_EQ(object.add("a"), nullptr);
-    JsonValue* const place = object.add("b");
-    ASSERT_NE(place, nullptr);
-    EXPECT_TRUE(object.at("b").isNull());
-    *place = 2;
-    EXPECT_EQ(object, (JsonObject{{"a", 1}, {"b", 2}}));
+    for (const std::size_t count : {1u, 5u, 8u, 9u, 100u}) {
+        JsonObject object{{"k", "first"}};
+        JsonObject expected{{"k", "first"}};
+        std::vector<JsonMember> members;
+        for (std::size_t index = 0; index < count; ++index) {
+            const std::string key(1 + index / 2, 'k');
+            members.push_back({key, static_cast<std::int32_t>(index)});
+            expected.insert(key, static_cast<std::int32_t>(index));
+        }
+        object.insertAll(members.data(), members.data() + members.size());
+        EXPECT_EQ(toString(object), toString(expected)) << count;
+    }
 }
 
 TEST(JsonObject, FindsItsMembersAfterItMadeRoom)
