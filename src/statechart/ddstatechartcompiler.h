@@ -24,6 +24,6 @@ private:
 };
 
 /// The compiled device of a definition.
-JsonObject compileDeviceStateChart(const JsonObject& definition, std::shared_ptr<CodeBuilder> builder);
+HALVWIDGETS_EXPORT JsonObject compileDeviceStateChart(const JsonObject& definition, std::shared_ptr<CodeBuilder> builder);
 
 #endif

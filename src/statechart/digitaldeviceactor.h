@@ -84,6 +84,10 @@ protected:
     /// The variables of the device, those of the chart from start() on. Setting one of them is the
     /// simulator's.
     std::unordered_map<std::string, DeviceVariableValue>& deviceVariables() { return m_variables; }
+    const std::unordered_map<std::string, DeviceVariableValue>& deviceVariables() const
+    {
+        return m_variables;
+    }
 
 private:
     struct WakeTransition

@@ -38,7 +38,7 @@ struct JsonLocation
 /// it.
 ///
 ///     JsonLocator(R"({"a": [1, 22]})").locate({"a", 1u}).value   // offset 10, length 2
-class JsonLocator
+class HALVWIDGETS_EXPORT JsonLocator
 {
 public:
     explicit JsonLocator(std::string_view document);

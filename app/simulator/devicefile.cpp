@@ -1,0 +1,37 @@
+#include "app/simulator/devicefile.h"
+
+#include "statechart/ddcodebuilderfactory.h"
+#include "statechart/ddstatechartcompiler.h"
+#include "statechart/json/jsonreader.h"
+
+#include <sstream>
+
+namespace {
+
+JsonObject readObject(const std::string& text)
+{
+    std::istringstream stream(text);
+    return asObject(readDocument(stream));
+}
+
+} // namespace
+
+DeviceTexts deviceTextsOf(std::string text)
+{
+    const bool isCompiled = readObject(text).contains("nstates");
+    DeviceTexts texts;
+    (isCompiled ? texts.compiled : texts.definition) = std::move(text);
+    return texts;
+}
+
+JsonObject compiledDeviceOf(const DeviceTexts& texts)
+{
+    if (texts.compiled)
+        return readObject(*texts.compiled);
+    const JsonObject definition = readObject(texts.definition.value());
+    try {
+        return compileDeviceStateChart(definition, DDCodeBuilderFactory::createCodeBuilder());
+    } catch (const std::exception& error) {
+        throw DefinitionHasErrors(error.what());
+    }
+}
