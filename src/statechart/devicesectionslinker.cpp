@@ -2,6 +2,7 @@
 
 #include "statechart/text/format.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 #include <string_view>
@@ -16,10 +17,33 @@ std::uint32_t widthOf(const JsonObject& bus)
     return static_cast<std::uint32_t>(width);
 }
 
+/// The enumerator with the number under a key. @throws std::runtime_error with `words` when none has it.
+template <class Enumeration, std::size_t size>
+Enumeration enumeratorOf(const JsonObject& record, std::string_view key,
+                         const std::array<DeviceWord<Enumeration>, size>& known, const char* words)
+{
+    const auto value = static_cast<Enumeration>(record.at(key).asInt());
+    if (std::none_of(known.begin(), known.end(), [&](const auto& row) { return row.value == value; }))
+        throw std::runtime_error(words);
+    return value;
+}
+
+BusDataType dataTypeOf(const JsonObject& bus)
+{
+    return enumeratorOf(bus, "dataType", busDataTypeWords, "invalid bus data type");
+}
+
+BusEncoding encodingOf(const JsonObject& bus)
+{
+    if (bus.at("encoding").asInt() == static_cast<std::int32_t>(BusEncoding::unsignedBinary))
+        return BusEncoding::unsignedBinary;
+    return enumeratorOf(bus, "encoding", busEncodingWords, "invalid bus encoding");
+}
+
 InputBusDefinition inputBus(const JsonObject& bus)
 {
-    const auto dataType = static_cast<BusDataType>(bus.at("dataType").asInt());
-    const auto encoding = static_cast<BusEncoding>(bus.at("encoding").asInt());
+    const BusDataType dataType = dataTypeOf(bus);
+    const BusEncoding encoding = encodingOf(bus);
     return {dataType, encoding, widthOf(bus)};
 }
 
@@ -30,28 +54,25 @@ InputPinDefinition inputPin(const JsonObject&)
 
 OutputBusDefinition outputBus(const JsonObject& bus)
 {
-    switch (static_cast<BusDataType>(bus.at("dataType").asInt())) {
-    case BusDataType::int64: {
-        const std::int64_t initial = bus.at("initial").asInt();
-        const auto encoding = static_cast<BusEncoding>(bus.at("encoding").asInt());
-        return {initial, encoding, widthOf(bus)};
-    }
-    case BusDataType::uint64: {
+    if (dataTypeOf(bus) == BusDataType::uint64) {
         const auto initial = static_cast<std::uint64_t>(bus.at("initial").asInt());
         return {initial, widthOf(bus)};
     }
-    }
-    throw std::runtime_error("invalid bus data type");
+    const std::int64_t initial = bus.at("initial").asInt();
+    const BusEncoding encoding = encodingOf(bus);
+    return {initial, encoding, widthOf(bus)};
 }
 
 OutputPinDefinition outputPin(const JsonObject& pin)
 {
-    return OutputPinDefinition(static_cast<PinInitialValue>(pin.at("initial").asInt()));
+    return OutputPinDefinition(
+        enumeratorOf(pin, "initial", pinInitialValueWords, "invalid initial value of a pin"));
 }
 
 DeviceParameter parameter(const JsonObject& compiled)
 {
-    return {static_cast<ParameterType>(compiled.at("type").asInt()), compiled.at("value").asString()};
+    const ParameterType type = enumeratorOf(compiled, "type", parameterTypeWords, "invalid parameter type");
+    return {type, compiled.at("value").asString()};
 }
 
 double realOf(const JsonValue& value)
@@ -63,30 +84,25 @@ double realOf(const JsonValue& value)
     return value.asDouble();
 }
 
-struct VariableType
-{
-    std::string_view word;
-    DeviceVariableValue (*link)(const JsonValue& value);
-};
+using VariableLink = DeviceVariableValue (*)(const JsonValue& value);
 
-// The rows stand in the order of the tags.
-constexpr std::array<VariableType, 6> variableTypes{{
-    {"int", [](const JsonValue& value) -> DeviceVariableValue { return value.asInt(); }},
-    {"double", [](const JsonValue& value) -> DeviceVariableValue { return realOf(value); }},
-    {"string", [](const JsonValue& value) -> DeviceVariableValue { return value.asString(); }},
-    {"bool", [](const JsonValue& value) -> DeviceVariableValue { return value.asBool(); }},
-    {"int64_t", [](const JsonValue& value) -> DeviceVariableValue { return std::int64_t{value.asInt()}; }},
-    {"uint64_t",
-     [](const JsonValue& value) -> DeviceVariableValue { return static_cast<std::uint64_t>(value.asInt()); }},
-}};
+// One for each of deviceVariableTypes.
+constexpr std::array<VariableLink, deviceVariableTypes.size()> variableLinks{
+    [](const JsonValue& value) -> DeviceVariableValue { return value.asInt(); },
+    [](const JsonValue& value) -> DeviceVariableValue { return realOf(value); },
+    [](const JsonValue& value) -> DeviceVariableValue { return value.asString(); },
+    [](const JsonValue& value) -> DeviceVariableValue { return value.asBool(); },
+    [](const JsonValue& value) -> DeviceVariableValue { return std::int64_t{value.asInt()}; },
+    [](const JsonValue& value) -> DeviceVariableValue { return static_cast<std::uint64_t>(value.asInt()); },
+};
 
 DeviceVariableValue variable(const JsonObject& compiled)
 {
     const std::string& word = compiled.at("type").asString();
-    for (const VariableType& type : variableTypes)
-        if (type.word == word)
-            return type.link(compiled.at("value"));
-    throw std::runtime_error(formatText("invalid variable type: '{}'", word));
+    const auto* const type = std::find(deviceVariableTypes.begin(), deviceVariableTypes.end(), word);
+    if (type == deviceVariableTypes.end())
+        throw std::runtime_error(formatText("invalid variable type: '{}'", word));
+    return variableLinks[static_cast<std::size_t>(type - deviceVariableTypes.begin())](compiled.at("value"));
 }
 
 template <class T>

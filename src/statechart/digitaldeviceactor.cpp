@@ -1,5 +1,9 @@
 #include "statechart/digitaldeviceactor.h"
 
+#include "statechart/text/format.h"
+
+#include <stdexcept>
+
 AbstractDigitalDeviceActor::AbstractDigitalDeviceActor(std::shared_ptr<const DigitalDeviceStateChart> chart)
     : AbstractActor(chart)
 {
@@ -60,6 +64,21 @@ void AbstractDigitalDeviceActor::stateExited(const std::shared_ptr<AbstractState
         m_spareNodes.push_back(m_pendingWakes.extract(identifier));
     found->second.pendingWakes.clear();
     std::erase(m_newlyEntered, state);
+}
+
+const DeviceVariableValue& AbstractDigitalDeviceActor::knownVariable(const std::string& name) const
+{
+    const auto found = m_variables.find(name);
+    if (found == m_variables.end())
+        throw std::runtime_error(formatText("unknown variable: '{}'", name));
+    return found->second;
+}
+
+void AbstractDigitalDeviceActor::refuseVariable(const std::string& name, std::size_t expected,
+                                                std::size_t held)
+{
+    throw std::runtime_error(formatText("variable '{}' is read as '{}', and holds '{}'", name,
+                                        deviceVariableTypes[expected], deviceVariableTypes[held]));
 }
 
 void AbstractDigitalDeviceActor::findWakeStates()

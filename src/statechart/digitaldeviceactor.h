@@ -89,7 +89,22 @@ protected:
         return m_variables;
     }
 
+    /// What a getVariable operation gives: the value of one of deviceVariables().
+    /// @throws std::runtime_error that names the variable when there is none of this name, and the expected
+    /// and the held type when it holds another than T.
+    template <class T>
+    const T& heldVariable(const std::string& name) const
+    {
+        const DeviceVariableValue& value = knownVariable(name);
+        if (const T* const held = std::get_if<T>(&value))
+            return *held;
+        refuseVariable(name, DeviceVariableValue(T()).index(), value.index());
+    }
+
 private:
+    const DeviceVariableValue& knownVariable(const std::string& name) const;
+    [[noreturn]] static void refuseVariable(const std::string& name, std::size_t expected, std::size_t held);
+
     struct WakeTransition
     {
         const Transition* transition;

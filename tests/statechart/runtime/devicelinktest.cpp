@@ -4,8 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <sstream>
-
 namespace {
 
 Chart linkedSections(std::string_view sections)
@@ -16,16 +14,14 @@ Chart linkedSections(std::string_view sections)
 /// A compiled device of one state, some of whose sections are given.
 std::string failureOfSection(std::string_view key, std::string_view members)
 {
-    std::ostringstream text;
-    text
-        << R"({"nstates": 0, "start": "a", "states": {"a": {"type": "atomic", "ntrans": 0}}, "transitions": {}, ")"
-        << key << R"(": {)" << members << "}";
-    for (const char* other :
+    std::string sections;
+    for (const std::string_view each :
          {"inputBuses", "inputPins", "outputBuses", "outputPins", "variables", "parameters"})
-        if (other != key)
-            text << ", \"" << other << "\": {}";
-    text << "}";
-    return failureOf([&] { linkedText(text.str()); });
+        sections += formatText(R"(, "{}": {{{}}})", each, each == key ? members : "");
+    const std::string text =
+        R"({"nstates": 0, "start": "a", "states": {"a": {"type": "atomic", "ntrans": 0}}, "transitions": {})" +
+        sections + "}";
+    return failureOf([&] { linkedText(text); });
 }
 
 TEST(DeviceLink, MakesARecordOfEachPinAndBus)
@@ -107,12 +103,18 @@ TEST(DeviceLink, SaysWhatIsWrongWithASection)
         {"outputBuses", R"("b": {"dataType": 0, "initial": 0, "width": 1})", "invalid key"},
         {"outputBuses", R"("b": {"dataType": 1, "initial": "0", "width": 1})", "invalid cast"},
         {"outputBuses", R"("b": {"dataType": 1, "initial": 0, "width": -1})", "invalid bus width"},
+        {"outputBuses", R"("b": {"dataType": 0, "initial": 0, "encoding": 0, "width": 1})",
+         "invalid bus encoding"},
+        {"inputBuses", R"("b": {"dataType": 2, "encoding": 3, "width": 1})", "invalid bus data type"},
+        {"inputBuses", R"("b": {"dataType": 1, "encoding": 4, "width": 1})", "invalid bus encoding"},
         {"inputBuses", R"("b": {"dataType": 1, "encoding": 3, "width": 0})", "invalid bus width"},
         {"inputBuses", R"("b": {"dataType": 1, "encoding": 3})", "invalid key"},
         {"inputPins", R"("b": 1)", "invalid cast"},
         {"outputPins", R"("b": {})", "invalid key"},
         {"outputPins", R"("b": {"initial": "1"})", "invalid cast"},
+        {"outputPins", R"("b": {"initial": 2})", "invalid initial value of a pin"},
         {"parameters", R"("b": {"type": 2, "value": 1})", "invalid cast"},
+        {"parameters", R"("b": {"type": 3, "value": "1"})", "invalid parameter type"},
         {"parameters", R"("b": {"value": "1"})", "invalid key"},
         {"variables", R"("b": {"type": "double", "value": "1"})",
          "variable link error: invalid type for 'double'"},
@@ -137,7 +139,7 @@ TEST(DeviceLink, NeedsEverySection)
     for (const char* key : {"inputBuses", "inputPins", "outputBuses", "outputPins", "variables", "parameters",
                             "nstates", "start", "states", "transitions"}) {
         std::string text = whole;
-        text.replace(text.find(key), 1, "_");
+        text[text.find(formatText("\"{}\"", key)) + 1] = '_';
         EXPECT_EQ(failureOf([&] { linkedText(text); }), "invalid key") << key;
     }
 }

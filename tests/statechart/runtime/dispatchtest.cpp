@@ -63,30 +63,22 @@ TEST(Dispatch, TriggersChangeByAnInputChange)
 
 TEST(Dispatch, TakesTheFirstTransitionByOrderWhoseConditionsHold)
 {
-    TraceActor actor(linkedDevice("a", R"(
+    TraceActor actor(linkedDevice("a", R"json(
         "a": {"type": "atomic", "transitions": {
             "third": {"target": "c", "order": 3, "event": "go"},
-            "first": {"target": "a", "order": -1, "event": "go", "conditions": "isPinHigh(\"p\") "},
-            "second":
-{
-    "target" : "b", "order" : 2, "event" : "go"
-}
-}
-},
-        "b": {"type": "atomic"}, "c": {"type": "atomic"})"));
+            "first": {"target": "a", "order": -1, "event": "go", "conditions": "isPinHigh(\"p\")"},
+            "second": {"target": "b", "order": 2, "event": "go"}}},
+        "b": {"type": "atomic"}, "c": {"type": "atomic"})json"));
     actor.begin();
     EXPECT_THAT(actor.send("go"), ElementsAre("isPinHigh(p)", "exit a", "enter b"));
 }
 
 TEST(Dispatch, TestsConditionsInOrderUpToTheFirstThatDoesNotHold)
 {
-    TraceActor actor(linkedDevice("a", R"(
+    TraceActor actor(linkedDevice("a", R"json(
         "a": {"type": "atomic", "transitions": {"t": {"target": "b", "order": 0, "event": "go",
-            "conditions": ["isPinHigh(\"p\") ", "isPinHigh(\"q\") ", "isPinHigh(\"r\") "]
-}
-}
-},
-        "b": {"type": "atomic"})"));
+            "conditions": ["isPinHigh(\"p\")", "isPinHigh(\"q\")", "isPinHigh(\"r\")"]}}},
+        "b": {"type": "atomic"})json"));
     actor.begin();
     actor.highPins = {"p", "r"};
     EXPECT_THAT(actor.send("go"), ElementsAre("isPinHigh(p)", "isPinHigh(q)"));
@@ -197,13 +189,10 @@ TEST(Dispatch, TakesATransitionWithoutATriggerOnlyWhenItsActorSaysSo)
             return !transition.event || TraceActor::eventMatches(transition, event);
         }
     };
-    const Chart chart = linkedDevice("a", R"(
+    const Chart chart = linkedDevice("a", R"json(
         "a": {"type": "atomic",
-            "transitions": {"t": {"target": "b", "order": 0, "conditions": "isPinHigh(\"p\") "
-}
-}
-},
-        "b": {"type": "atomic"})");
+            "transitions": {"t": {"target": "b", "order": 0, "conditions": "isPinHigh(\"p\")"}}},
+        "b": {"type": "atomic"})json");
     TraceActor plain(chart);
     plain.begin();
     plain.highPins = {"p"};

@@ -155,20 +155,11 @@ TEST(Enter, KeepsAnAtomicStateThatIsActiveAlreadyOnceInTheList)
 
 TEST(Pending, TransitionThatHoldsKeepsTheSubstatesFromBeingEntered)
 {
-    TraceActor actor(linkedDevice("a", R"(
+    TraceActor actor(linkedDevice("a", R"json(
         "a": {"type": "compound", "initial": "b",
-            "transitions": {"t": {"target": "end", "order": 0, "conditions": "isPinHigh(\"p\") "
-}
-}
-, "substates":
-{
-    "b":
-    {
-        "type" : "atomic"
-    }
-}
-},
-        "end": {"type": "atomic"})"));
+            "transitions": {"t": {"target": "end", "order": 0, "conditions": "isPinHigh(\"p\")"}},
+            "substates": {"b": {"type": "atomic"}}},
+        "end": {"type": "atomic"})json"));
     actor.highPins = {"p"};
     EXPECT_THAT(actor.begin(), ElementsAre("exit ", "enter a", "isPinHigh(p)"));
     EXPECT_THAT(actor.active(), IsEmpty()) << "nothing in a is active, so the transition is dropped";
@@ -180,12 +171,12 @@ TEST(Pending, TransitionThatHoldsKeepsTheSubstatesFromBeingEntered)
 
 TEST(Pending, TransitionOfACompoundStateIsTakenWhenSomethingInItIsActive)
 {
-    TraceActor actor(linkedDevice("a", R"(
+    TraceActor actor(linkedDevice("a", R"json(
         "a": {"type": "compound", "initial": "b",
             "transitions": {"go": {"target": "b", "order": 0, "event": "go"}},
             "substates": {"b": {"type": "compound", "initial": "c", "substates": {"c": {"type": "atomic"}},
-                "transitions": {"t": {"target": "end", "order": 0, "conditions": "isPinHigh(\"p\") "}}}}},
-        "end": {"type": "atomic"})"));
+                "transitions": {"t": {"target": "end", "order": 0, "conditions": "isPinHigh(\"p\")"}}}}},
+        "end": {"type": "atomic"})json"));
     actor.begin();
     actor.highPins = {"p"};
     EXPECT_THAT(actor.send("go"), ElementsAre("enter b", "isPinHigh(p)", "exit b", "exit a", "enter end"));

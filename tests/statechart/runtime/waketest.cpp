@@ -53,7 +53,7 @@ TEST(Wake, IsScheduledForEachTransitionAndTheFirstToFireCancelsTheOther)
             "u": {"target": "c", "order": 1, "event": "wake", "wakeTime": "2m"}}},
         "b": {"type": "atomic"}, "c": {"type": "atomic"})"));
     EXPECT_THAT(actor.begin(),
-                ElementsAre("exit ", "enter a", "scheduleWake(1.0, 1)", "scheduleWake(0.002, 2)"));
+                ElementsAre("exit ", "enter a", "scheduleWake(1, 1)", "scheduleWake(0.002, 2)"));
     EXPECT_THAT(pending(actor), UnorderedElementsAre(Pair(1u, "t"), Pair(2u, "u")));
     EXPECT_THAT(actor.wake(2), ElementsAre("exit a", "enter c"));
     EXPECT_THAT(pending(actor), IsEmpty());
@@ -66,10 +66,10 @@ TEST(Wake, OfASelfTransitionArmsItselfAgainUnderANewIdentifier)
         "a": {"type": "atomic", "transitions": {
             "t": {"target": "a", "order": 0, "event": "wake", "wakeTime": "1"}}})"));
     actor.begin();
-    EXPECT_THAT(actor.wake(1), ElementsAre("exit a", "enter a", "scheduleWake(1.0, 2)"));
+    EXPECT_THAT(actor.wake(1), ElementsAre("exit a", "enter a", "scheduleWake(1, 2)"));
     EXPECT_THAT(pending(actor), ElementsAre(Pair(2u, "t")));
     EXPECT_THAT(actor.wake(1), IsEmpty());
-    EXPECT_THAT(actor.wake(2), ElementsAre("exit a", "enter a", "scheduleWake(1.0, 3)"));
+    EXPECT_THAT(actor.wake(2), ElementsAre("exit a", "enter a", "scheduleWake(1, 3)"));
 }
 
 TEST(Wake, FiresItsOwnTransitionOnly)
@@ -81,17 +81,17 @@ TEST(Wake, FiresItsOwnTransitionOnly)
             "b": {"type": "atomic", "transitions": {
                 "u": {"target": "b", "order": 0, "event": "wake", "wakeTime": "1"}}}}})"));
     actor.begin();
-    EXPECT_THAT(actor.wake(2), ElementsAre("exit b", "enter b", "scheduleWake(1.0, 3)"));
+    EXPECT_THAT(actor.wake(2), ElementsAre("exit b", "enter b", "scheduleWake(1, 3)"));
     EXPECT_THAT(actor.wake(7), IsEmpty());
 }
 
 TEST(Wake, DoesNotFireWhileConditionsDoNotHoldAndStaysPending)
 {
-    TraceActor actor(linkedDevice("a", R"(
+    TraceActor actor(linkedDevice("a", R"json(
         "a": {"type": "atomic", "transitions": {
             "t": {"target": "b", "order": 0, "event": "wake", "wakeTime": "1",
-                "conditions": "isPinHigh(\"p\") "}}},
-        "b": {"type": "atomic"})"));
+                "conditions": "isPinHigh(\"p\")"}}},
+        "b": {"type": "atomic"})json"));
     actor.begin();
     EXPECT_THAT(actor.wake(1), ElementsAre("isPinHigh(p)"));
     EXPECT_THAT(pending(actor), ElementsAre(Pair(1u, "t")));
@@ -145,7 +145,7 @@ TEST(Wake, OfAStateThatWasRemovedAsADescendantMatchesWhenTheStateIsEnteredAgain)
     TraceActor actor(linkedDevice("a", removedWithoutExit));
     actor.begin();
     actor.send("go");
-    EXPECT_THAT(actor.send("go"), ElementsAre("exit c", "enter a", "enter b", "scheduleWake(1.0, 2)"));
+    EXPECT_THAT(actor.send("go"), ElementsAre("exit c", "enter a", "enter b", "scheduleWake(1, 2)"));
     EXPECT_THAT(pending(actor), UnorderedElementsAre(Pair(1u, "t"), Pair(2u, "t")));
     EXPECT_THAT(actor.wake(1), ElementsAre("exit b", "exit a", "enter c"));
     EXPECT_THAT(pending(actor), IsEmpty()) << "the exit of the source takes all of its wakes";
@@ -160,7 +160,7 @@ TEST(Wake, OfAStateThatWasRemovedAsADescendantWithinTheDispatchIsArmedAllTheSame
             "b": {"type": "atomic", "transitions": {"u": {"target": "end", "order": 0}}}}},
         "end": {"type": "atomic"})"));
     EXPECT_THAT(actor.begin(), ElementsAre("exit ", "enter p", "enter a", "enter b", "exit b", "exit p",
-                                           "enter end", "scheduleWake(1.0, 1)"));
+                                           "enter end", "scheduleWake(1, 1)"));
     EXPECT_THAT(pending(actor), ElementsAre(Pair(1u, "t")));
 }
 
@@ -172,7 +172,7 @@ TEST(Wake, TimesAreEvaluatedInTheActorAfterAllEntryActions)
                 "event": "wake", "wakeTimeCalc": "getParameter_double(\"OUTPUT_DELAY\") * 2"}}},
             "b": {"type": "atomic", "onEntry": "print(\"b\");"}}})"));
     EXPECT_THAT(actor.begin(), ElementsAre("exit ", "enter p", "enter a", "print(a)", "enter b", "print(b)",
-                                           "getParameter_double(OUTPUT_DELAY)", "scheduleWake(5.0, 1)"));
+                                           "getParameter_double(OUTPUT_DELAY)", "scheduleWake(5, 1)"));
 }
 
 TEST(Wake, IdentifiersAreNotUsedAgainInALaterRun)
@@ -181,7 +181,7 @@ TEST(Wake, IdentifiersAreNotUsedAgainInALaterRun)
         "a": {"type": "atomic", "transitions": {
             "t": {"target": "a", "order": 0, "event": "wake", "wakeTime": "1"}}})"));
     actor.begin();
-    EXPECT_THAT(actor.begin(), ElementsAre("exit ", "enter a", "scheduleWake(1.0, 2)"));
+    EXPECT_THAT(actor.begin(), ElementsAre("exit ", "enter a", "scheduleWake(1, 2)"));
 }
 
 TEST(DeviceStart, CopiesTheVariablesOfTheChartIntoTheActor)
@@ -204,6 +204,33 @@ TEST(DeviceStart, CopiesTheVariablesOfTheChartIntoTheActor)
     EXPECT_THAT(actor.begin(), ElementsAre("exit ", "enter a", "print(5)"));
     EXPECT_THAT(actor.begin(), ElementsAre("exit ", "enter a", "print(5)")) << "a start begins anew";
     EXPECT_EQ(chart->variables.at("n"), DeviceVariableValue(4));
+}
+
+/// A device whose variables may be read from outside.
+class VariableDevice : public TraceActor
+{
+public:
+    using TraceActor::heldVariable;
+    using TraceActor::TraceActor;
+};
+
+TEST(DeviceVariables, AreReadAsTheTypeThatTheyHold)
+{
+    VariableDevice actor(
+        linkDeviceStateChart(compiledDevice(R"({"outputs": {}, "outputDelay": 1, "start": "a",
+            "variables": {"n": {"type": "int64_t", "value": 4}, "s": {"type": "string", "value": "x"}},
+            "states": {"a": {"type": "atomic"}}})"),
+                             deviceCodeBuilder()));
+    EXPECT_EQ(failureOf([&] { actor.heldVariable<std::int64_t>("n"); }), "unknown variable: 'n'")
+        << "before the start";
+    actor.begin();
+    EXPECT_EQ(actor.heldVariable<std::int64_t>("n"), 4);
+    EXPECT_EQ(actor.heldVariable<std::string>("s"), "x");
+    EXPECT_EQ(failureOf([&] { actor.heldVariable<std::int32_t>("n"); }),
+              "variable 'n' is read as 'int', and holds 'int64_t'");
+    EXPECT_EQ(failureOf([&] { actor.heldVariable<bool>("s"); }),
+              "variable 's' is read as 'bool', and holds 'string'");
+    EXPECT_EQ(failureOf([&] { actor.heldVariable<double>("m"); }), "unknown variable: 'm'");
 }
 
 } // namespace
