@@ -15,8 +15,8 @@ Coverage::Count operator+(Coverage::Count left, Coverage::Count right)
 std::string text(const char* what, Coverage::Count count)
 {
     const std::size_t tenths = count.total == 0 ? 1000 : count.covered * 1000 / count.total;
-    return std::string(what) + " " + std::to_string(count.covered) + "/" + std::to_string(count.total) + " (" +
-           std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " %)";
+    return std::string(what) + " " + std::to_string(count.covered) + "/" + std::to_string(count.total) +
+           " (" + std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " %)";
 }
 
 /// Integers of JSON have 32 bits here; nobody counts further.

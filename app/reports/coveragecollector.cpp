@@ -24,9 +24,9 @@ void CoverageCollector::start(const SimulatedDevice& device)
         for (const Transition& transition : state->transitions) {
             m_transitions.emplace(&transition, m_transitions.size());
             if (isFirst)
-                m_coverage.transitions.push_back({transition.identifier, pathOf(*state),
-                                                  pathOf(*transition.target), 0,
-                                                  std::vector<Coverage::Condition>(transition.conditions.size())});
+                m_coverage.transitions.push_back(
+                    {transition.identifier, pathOf(*state), pathOf(*transition.target), 0,
+                     std::vector<Coverage::Condition>(transition.conditions.size())});
         }
     }
 }

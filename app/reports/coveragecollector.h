@@ -20,7 +20,7 @@ public:
 
 private:
     Coverage m_coverage;
-    std::unordered_map<const AbstractState*, std::size_t> m_states;         // of this run's chart
+    std::unordered_map<const AbstractState*, std::size_t> m_states;   // of this run's chart
     std::unordered_map<const Transition*, std::size_t> m_transitions; // of this run's chart
 };
 

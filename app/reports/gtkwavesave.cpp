@@ -41,7 +41,8 @@ std::string gtkwaveSaveText(const std::string& dump, const std::string& name, co
     std::string result = "[dumpfile] \"" + dump + "\"\n[timestart] 0\n";
 
     result.append(heading).append("States\n").append(text);
-    for (const ActiveLevels::Level& level : ActiveLevels(device.chart()).all()) {
+    const ActiveLevels levels(device.chart());
+    for (const ActiveLevels::Level& level : levels.all()) {
         result += scope + "states.";
         for (const AbstractState* const state : statesAround(level))
             result += dumpName(state->identifier) + ".";

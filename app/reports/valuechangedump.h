@@ -30,8 +30,8 @@ public:
     void finish(Ticks time) override;
 
 private:
-    /// Something that has a value: its code in the file, its value in the words of the file, and whether it is
-    /// in m_due.
+    /// Something that has a value: its code in the file, its value in the words of the file, and whether it
+    /// is in m_due.
     struct Entry
     {
         std::string code;

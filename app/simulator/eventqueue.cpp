@@ -5,7 +5,8 @@
 
 bool EventQueue::isLater(const Entry& left, const Entry& right)
 {
-    return std::tie(left.time, left.isWake, left.sequence) > std::tie(right.time, right.isWake, right.sequence);
+    return std::tie(left.time, left.isWake, left.sequence) >
+           std::tie(right.time, right.isWake, right.sequence);
 }
 
 void EventQueue::push(const Entry& entry)

@@ -36,7 +36,7 @@ private:
         Ticks time;
         bool isWake;
         std::uint64_t sequence;
-        OutputChange change;         // unless it is a wake
+        OutputChange change;          // unless it is a wake
         std::uint64_t wakeIdentifier; // if it is one
     };
 

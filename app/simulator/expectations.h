@@ -20,8 +20,8 @@ struct FailedExpectation
 class Expectations
 {
 public:
-    /// @throws std::runtime_error for what the device does not have, and for a value that it cannot have, with
-    /// the place in the stimulus
+    /// @throws std::runtime_error for what the device does not have, and for a value that it cannot have,
+    /// with the place in the stimulus
     Expectations(const Stimulus& stimulus, const SimulatedDevice& device);
 
     /// Looks at those up to a time, none twice; to be called before anything later happens.
@@ -36,8 +36,8 @@ private:
         Ticks time;
         TargetKind kind;
         std::string name;
-        std::size_t signal;            // of a pin or a bus
-        std::uint64_t lines;           // of a pin or a bus
+        std::size_t signal;           // of a pin or a bus
+        std::uint64_t lines;          // of a pin or a bus
         DeviceVariableValue variable; // of a variable
     };
 

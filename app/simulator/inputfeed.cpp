@@ -58,7 +58,8 @@ void InputFeed::advance(Clock& clock)
 {
     clock.isHigh = !clock.isHigh;
     if (clock.isHigh)
-        clock.nextRise = clock.nextRise > never - clock.timing.period ? never : clock.nextRise + clock.timing.period;
+        clock.nextRise =
+            clock.nextRise > never - clock.timing.period ? never : clock.nextRise + clock.timing.period;
 }
 
 void InputFeed::take(std::vector<InputDrive>& drives)

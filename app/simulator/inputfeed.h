@@ -4,6 +4,7 @@
 #include "app/simulator/signaltable.h"
 #include "app/simulator/stimulus.h"
 
+#include <limits>
 #include <vector>
 
 /// Levels for an input.

@@ -36,7 +36,6 @@ std::optional<BusValue> integerOfText(std::string_view text)
 
 } // namespace
 
-
 std::optional<BusValue> integerOf(const JsonValue& value)
 {
     if (value.isInt())

@@ -82,7 +82,8 @@ void handle(int signal, void (*handler)(int), struct sigaction& former)
 
 } // namespace
 
-RunGuard::RunGuard(const RunningCode& code, std::string name, std::chrono::duration<double> limit, LastAct act)
+RunGuard::RunGuard(const RunningCode& code, std::string name, std::chrono::duration<double> limit,
+                   LastAct act)
 {
     watched = &code;
     watchedName = std::move(name);

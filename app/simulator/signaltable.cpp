@@ -48,8 +48,7 @@ std::size_t SignalTable::find(const std::string& name, Signal::Kind kind) const
 {
     const auto found = m_indexes.find(name);
     if (found == m_indexes.end() || m_signals[found->second].kind != kind)
-        throw std::runtime_error((kind == Signal::Kind::pin ? "the device has no pin '"
-                                                            : "the device has no bus '") +
-                                 name + "'");
+        throw std::runtime_error(
+            (kind == Signal::Kind::pin ? "the device has no pin '" : "the device has no bus '") + name + "'");
     return found->second;
 }

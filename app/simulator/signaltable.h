@@ -1,8 +1,8 @@
 #ifndef SIGNALTABLE_H
 #define SIGNALTABLE_H
 
-#include "app/simulator/signal.h"
 #include "app/simulator/deviceorder.h"
+#include "app/simulator/signal.h"
 #include "statechart/digitaldevicestatechart.h"
 
 #include <cstddef>
@@ -23,7 +23,8 @@ public:
     const Signal& operator[](std::size_t index) const { return m_signals[index]; }
     Signal& operator[](std::size_t index) { return m_signals[index]; }
 
-    /// The index of the pin or bus. @throws std::runtime_error "the device has no pin 'x'" or "... no bus 'x'"
+    /// The index of the pin or bus. @throws std::runtime_error "the device has no pin 'x'" or "... no bus
+    /// 'x'"
     std::size_t pin(const std::string& name) const { return find(name, Signal::Kind::pin); }
     std::size_t bus(const std::string& name) const { return find(name, Signal::Kind::bus); }
 

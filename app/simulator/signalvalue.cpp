@@ -18,7 +18,7 @@ std::uint64_t linesOf(const Signal& signal, const JsonValue& value)
         throw std::runtime_error("the value of bus '" + signal.name + "' must be an integer, not " +
                                  toString(value));
     if (!signal.holds(*number))
-        throw std::runtime_error("bus '" + signal.name + "' has no lines for " + textOf(*number) + ": it is " +
-                                 std::to_string(signal.width) + " wide");
+        throw std::runtime_error("bus '" + signal.name + "' has no lines for " + textOf(*number) +
+                                 ": it is " + std::to_string(signal.width) + " wide");
     return signal.linesOf(*number);
 }

@@ -173,47 +173,34 @@ void SimulatedDevice::setVariable(const std::string& name, const DeviceVariableV
     tell(&SimulationListener::variableChanged, found->first, found->second);
 }
 
-template <class T>
-const T& SimulatedDevice::variable(const std::string& name)
-{
-    const auto found = deviceVariables().find(name);
-    if (found == deviceVariables().end())
-        throw std::runtime_error("the device has no variable '" + name + "'");
-    if (const T* const value = std::get_if<T>(&found->second))
-        return *value;
-    throw std::runtime_error("variable '" + name + "' is read as " +
-                             std::string(variableTypes[DeviceVariableValue(T{}).index()]) + ", but holds " +
-                             std::string(variableTypes[found->second.index()]));
-}
-
 std::int32_t SimulatedDevice::getVariable_int(const std::string& name)
 {
-    return variable<std::int32_t>(name);
+    return heldVariable<std::int32_t>(name);
 }
 
 double SimulatedDevice::getVariable_double(const std::string& name)
 {
-    return variable<double>(name);
+    return heldVariable<double>(name);
 }
 
 std::string SimulatedDevice::getVariable_string(const std::string& name)
 {
-    return variable<std::string>(name);
+    return heldVariable<std::string>(name);
 }
 
 bool SimulatedDevice::getVariable_bool(const std::string& name)
 {
-    return variable<bool>(name);
+    return heldVariable<bool>(name);
 }
 
 std::int64_t SimulatedDevice::getVariable_int64_t(const std::string& name)
 {
-    return variable<std::int64_t>(name);
+    return heldVariable<std::int64_t>(name);
 }
 
 std::uint64_t SimulatedDevice::getVariable_uint64_t(const std::string& name)
 {
-    return variable<std::uint64_t>(name);
+    return heldVariable<std::uint64_t>(name);
 }
 
 // --- parameters

@@ -32,7 +32,10 @@ public:
     const SignalTable& signals() const { return m_signals; }
 
     /// The variables as they are now.
-    const std::unordered_map<std::string, DeviceVariableValue>& variables() const { return deviceVariables(); }
+    const std::unordered_map<std::string, DeviceVariableValue>& variables() const
+    {
+        return deviceVariables();
+    }
 
     /// The code that runs, or ran last.
     const RunningCode& runningCode() const { return m_runningCode; }
@@ -88,8 +91,6 @@ private:
     void codeBegins(const ActorCode& code) override;
     void conditionTested(const Transition& transition, std::size_t index, bool holds) override;
 
-    template <class T>
-    const T& variable(const std::string& name);
     const Signal& readableBus(const std::string& name, BusDataType type) const;
     bool isLineHigh(const std::string& bus, std::int32_t index) const;
     void setLine(const std::string& bus, std::int32_t index, bool isHigh, double delay);

@@ -20,7 +20,8 @@ Ticks endOf(const SimulationSetup& setup)
         return *setup.stimulus.until;
     if (const std::optional<Ticks> last = setup.stimulus.lastTime())
         return *last;
-    throw std::runtime_error("nothing says when the run is to end: give --until, or \"until\" in the stimulus");
+    throw std::runtime_error(
+        "nothing says when the run is to end: give --until, or \"until\" in the stimulus");
 }
 
 } // namespace

@@ -70,7 +70,7 @@ private:
     Ticks m_until;
     std::uint64_t m_eventCount = 0;
     std::uint64_t m_eventsAtThisTime = 0;
-    std::vector<InputDrive> m_drives;       // kept for their memory
+    std::vector<InputDrive> m_drives; // kept for their memory
     std::vector<InputChangeEvent> m_changes;
 };
 

@@ -34,7 +34,8 @@ public:
     // eventEnds().
     virtual void startBegins() {}
     virtual void changeBegins(const InputChangeEvent&) {}
-    virtual void wakeBegins(std::uint64_t /*wake identifier*/, const Transition* /*null: it comes too late*/) {}
+    virtual void wakeBegins(std::uint64_t /*wake identifier*/, const Transition* /*null: it comes too late*/)
+    {}
     virtual void eventEnds() {}
 
     virtual void stateEntered(const AbstractState&) {}

@@ -111,8 +111,9 @@ StimulusEntry readEntry(const JsonValue& value, const std::string& place, TimeRe
     static constexpr std::array<Target, 3> targets{
         {{"pin", TargetKind::pin}, {"bus", TargetKind::bus}, {"variable", TargetKind::variable}}};
 
-    const auto reader = isExpectation ? Reader(value, place, resolution, {"time", "value", "pin", "bus", "variable"})
-                                      : Reader(value, place, resolution, {"time", "value", "pin", "bus"});
+    const auto reader = isExpectation
+                            ? Reader(value, place, resolution, {"time", "value", "pin", "bus", "variable"})
+                            : Reader(value, place, resolution, {"time", "value", "pin", "bus"});
     const auto isThere = [&](const Target& target) { return reader.find(target.key) != nullptr; };
     if (std::ranges::count_if(targets, isThere) != 1)
         fail(place, isExpectation ? "exactly one of \"pin\", \"bus\" and \"variable\" must be there"
@@ -143,8 +144,8 @@ ParameterOverrides readParameters(const JsonValue& value)
     for (const JsonMember& member : value.asObject()) {
         if (!member.value.isString() && !member.value.isNumber())
             fail("parameters", "\"" + member.key + "\" is neither a number nor a text of one");
-        parameters.emplace_back(member.key, member.value.isString() ? member.value.asString()
-                                                                    : toString(member.value));
+        parameters.emplace_back(member.key,
+                                member.value.isString() ? member.value.asString() : toString(member.value));
     }
     return parameters;
 }

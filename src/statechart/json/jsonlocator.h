@@ -1,6 +1,8 @@
 #ifndef JSONLOCATOR_H
 #define JSONLOCATOR_H
 
+#include "halvwidgetsexport.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
