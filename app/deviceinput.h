@@ -1,7 +1,7 @@
 #ifndef DEVICEINPUT_H
 #define DEVICEINPUT_H
 
-#include "app/simulator/devicefile.h"
+#include "simulator/devicefile.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #ifndef DEVICERUN_H
 #define DEVICERUN_H
 
-#include "app/reports/recording.h"
+#include "reports/recording.h"
 
 #include <optional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "app/reports/activelevels.h"
+#include "reports/activelevels.h"
 
 #include "statechart/runtime/abstracthierarchicalstate.h"
 

@@ -1,4 +1,4 @@
-#include "app/reports/coverage.h"
+#include "reports/coverage.h"
 
 #include "statechart/json/jsonwriter.h"
 

@@ -1,6 +1,6 @@
-#include "app/reports/coveragecollector.h"
+#include "reports/coveragecollector.h"
 
-#include "app/simulator/simulateddevice.h"
+#include "simulator/simulateddevice.h"
 
 namespace {
 

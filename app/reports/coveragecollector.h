@@ -1,8 +1,8 @@
 #ifndef COVERAGECOLLECTOR_H
 #define COVERAGECOLLECTOR_H
 
-#include "app/reports/coverage.h"
-#include "app/simulator/simulationlistener.h"
+#include "reports/coverage.h"
+#include "simulator/simulationlistener.h"
 
 #include <unordered_map>
 

@@ -1,4 +1,4 @@
-#include "app/reports/definitionlines.h"
+#include "reports/definitionlines.h"
 
 #include "statechart/json/jsonlocator.h"
 #include "statechart/json/jsonreader.h"

@@ -1,8 +1,8 @@
-#include "app/reports/gtkwavesave.h"
+#include "reports/gtkwavesave.h"
 
-#include "app/reports/activelevels.h"
-#include "app/reports/valuechangedump.h"
-#include "app/simulator/simulateddevice.h"
+#include "reports/activelevels.h"
+#include "reports/valuechangedump.h"
+#include "simulator/simulateddevice.h"
 
 #include <array>
 

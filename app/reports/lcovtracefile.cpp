@@ -1,6 +1,6 @@
-#include "app/reports/lcovtracefile.h"
+#include "reports/lcovtracefile.h"
 
-#include "app/reports/definitionlines.h"
+#include "reports/definitionlines.h"
 
 #include <algorithm>
 #include <map>

@@ -1,7 +1,7 @@
 #ifndef LCOVTRACEFILE_H
 #define LCOVTRACEFILE_H
 
-#include "app/reports/coverage.h"
+#include "reports/coverage.h"
 
 #include <string>
 #include <string_view>

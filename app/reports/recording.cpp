@@ -1,4 +1,4 @@
-#include "app/reports/recording.h"
+#include "reports/recording.h"
 
 #include "statechart/json/jsonreader.h"
 #include "statechart/json/jsonwriter.h"

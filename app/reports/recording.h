@@ -1,8 +1,8 @@
 #ifndef RECORDING_H
 #define RECORDING_H
 
-#include "app/simulator/devicefile.h"
-#include "app/simulator/parametertable.h"
+#include "simulator/devicefile.h"
+#include "simulator/parametertable.h"
 
 #include <optional>
 #include <string>

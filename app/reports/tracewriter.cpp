@@ -1,6 +1,6 @@
-#include "app/reports/tracewriter.h"
+#include "reports/tracewriter.h"
 
-#include "app/simulator/simulateddevice.h"
+#include "simulator/simulateddevice.h"
 
 #include <algorithm>
 

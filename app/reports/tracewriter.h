@@ -1,7 +1,7 @@
 #ifndef TRACEWRITER_H
 #define TRACEWRITER_H
 
-#include "app/simulator/simulationlistener.h"
+#include "simulator/simulationlistener.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
-#include "app/reports/valuechangedump.h"
+#include "reports/valuechangedump.h"
 
-#include "app/simulator/simulateddevice.h"
-#include "app/simulator/variablevalue.h"
+#include "simulator/simulateddevice.h"
+#include "simulator/variablevalue.h"
 
 #include <algorithm>
 #include <array>

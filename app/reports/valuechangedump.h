@@ -1,8 +1,8 @@
 #ifndef VALUECHANGEDUMP_H
 #define VALUECHANGEDUMP_H
 
-#include "app/reports/activelevels.h"
-#include "app/simulator/simulationlistener.h"
+#include "reports/activelevels.h"
+#include "simulator/simulationlistener.h"
 
 #include <iosfwd>
 #include <string>

@@ -1,4 +1,4 @@
-#include "app/simulator/devicefile.h"
+#include "simulator/devicefile.h"
 
 #include "statechart/ddcodebuilderfactory.h"
 #include "statechart/ddstatechartcompiler.h"

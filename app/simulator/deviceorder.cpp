@@ -1,4 +1,4 @@
-#include "app/simulator/deviceorder.h"
+#include "simulator/deviceorder.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "app/simulator/eventqueue.h"
+#include "simulator/eventqueue.h"
 
 #include <algorithm>
 #include <tuple>

@@ -1,7 +1,7 @@
 #ifndef EVENTQUEUE_H
 #define EVENTQUEUE_H
 
-#include "app/simulator/simulationtime.h"
+#include "simulator/simulationtime.h"
 
 #include <cstddef>
 #include <cstdint>

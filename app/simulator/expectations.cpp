@@ -1,7 +1,7 @@
-#include "app/simulator/expectations.h"
+#include "simulator/expectations.h"
 
-#include "app/simulator/signalvalue.h"
-#include "app/simulator/variablevalue.h"
+#include "simulator/signalvalue.h"
+#include "simulator/variablevalue.h"
 
 #include <algorithm>
 #include <stdexcept>

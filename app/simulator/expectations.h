@@ -1,8 +1,8 @@
 #ifndef EXPECTATIONS_H
 #define EXPECTATIONS_H
 
-#include "app/simulator/simulateddevice.h"
-#include "app/simulator/stimulus.h"
+#include "simulator/simulateddevice.h"
+#include "simulator/stimulus.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
-#include "app/simulator/inputfeed.h"
+#include "simulator/inputfeed.h"
 
-#include "app/simulator/signalvalue.h"
+#include "simulator/signalvalue.h"
 
 #include <algorithm>
 #include <stdexcept>

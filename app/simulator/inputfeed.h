@@ -1,8 +1,8 @@
 #ifndef INPUTFEED_H
 #define INPUTFEED_H
 
-#include "app/simulator/signaltable.h"
-#include "app/simulator/stimulus.h"
+#include "simulator/signaltable.h"
+#include "simulator/stimulus.h"
 
 #include <limits>
 #include <vector>

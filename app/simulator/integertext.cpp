@@ -1,4 +1,4 @@
-#include "app/simulator/integertext.h"
+#include "simulator/integertext.h"
 
 #include <charconv>
 #include <cstdint>

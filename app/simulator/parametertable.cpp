@@ -1,4 +1,4 @@
-#include "app/simulator/parametertable.h"
+#include "simulator/parametertable.h"
 
 #include "statechart/text/engineeringnumber.h"
 

@@ -1,5 +1,5 @@
 // POSIX signals and timers; another platform gets a file of its own with the same header.
-#include "app/simulator/runguard.h"
+#include "simulator/runguard.h"
 
 #include <algorithm>
 #include <cmath>

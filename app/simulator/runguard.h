@@ -1,7 +1,7 @@
 #ifndef RUNGUARD_H
 #define RUNGUARD_H
 
-#include "app/simulator/runningcode.h"
+#include "simulator/runningcode.h"
 
 #include <chrono>
 #include <string>

@@ -1,4 +1,4 @@
-#include "app/simulator/runningcode.h"
+#include "simulator/runningcode.h"
 
 #include "statechart/runtime/abstractstate.h"
 

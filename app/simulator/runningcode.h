@@ -1,7 +1,7 @@
 #ifndef RUNNINGCODE_H
 #define RUNNINGCODE_H
 
-#include "app/simulator/simulationtime.h"
+#include "simulator/simulationtime.h"
 #include "statechart/runtime/abstractactorobserver.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-#include "app/simulator/signal.h"
+#include "simulator/signal.h"
 
 namespace {
 

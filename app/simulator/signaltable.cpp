@@ -1,4 +1,4 @@
-#include "app/simulator/signaltable.h"
+#include "simulator/signaltable.h"
 
 #include <stdexcept>
 

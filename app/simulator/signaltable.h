@@ -1,8 +1,8 @@
 #ifndef SIGNALTABLE_H
 #define SIGNALTABLE_H
 
-#include "app/simulator/deviceorder.h"
-#include "app/simulator/signal.h"
+#include "simulator/deviceorder.h"
+#include "simulator/signal.h"
 #include "statechart/digitaldevicestatechart.h"
 
 #include <cstddef>

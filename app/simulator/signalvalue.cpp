@@ -1,6 +1,6 @@
-#include "app/simulator/signalvalue.h"
+#include "simulator/signalvalue.h"
 
-#include "app/simulator/integertext.h"
+#include "simulator/integertext.h"
 #include "statechart/json/jsonwriter.h"
 
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #ifndef SIGNALVALUE_H
 #define SIGNALVALUE_H
 
-#include "app/simulator/signal.h"
+#include "simulator/signal.h"
 #include "statechart/json/jsonvalue.h"
 
 /// The lines that a value of a stimulus stands for: of a pin 0 or 1, of a bus an integer, or a text of one

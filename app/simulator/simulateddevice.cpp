@@ -1,4 +1,4 @@
-#include "app/simulator/simulateddevice.h"
+#include "simulator/simulateddevice.h"
 
 #include <limits>
 #include <stdexcept>

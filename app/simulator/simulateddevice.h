@@ -1,11 +1,11 @@
 #ifndef SIMULATEDDEVICE_H
 #define SIMULATEDDEVICE_H
 
-#include "app/simulator/eventqueue.h"
-#include "app/simulator/parametertable.h"
-#include "app/simulator/runningcode.h"
-#include "app/simulator/signaltable.h"
-#include "app/simulator/simulationlistener.h"
+#include "simulator/eventqueue.h"
+#include "simulator/parametertable.h"
+#include "simulator/runningcode.h"
+#include "simulator/signaltable.h"
+#include "simulator/simulationlistener.h"
 #include "statechart/digitaldeviceactor.h"
 
 #include <span>

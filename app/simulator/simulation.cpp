@@ -1,4 +1,4 @@
-#include "app/simulator/simulation.h"
+#include "simulator/simulation.h"
 
 #include <algorithm>
 #include <stdexcept>

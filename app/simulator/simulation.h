@@ -1,9 +1,9 @@
 #ifndef SIMULATION_H
 #define SIMULATION_H
 
-#include "app/simulator/expectations.h"
-#include "app/simulator/inputfeed.h"
-#include "app/simulator/simulateddevice.h"
+#include "simulator/expectations.h"
+#include "simulator/inputfeed.h"
+#include "simulator/simulateddevice.h"
 
 #include <memory>
 #include <optional>

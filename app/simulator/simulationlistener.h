@@ -1,8 +1,8 @@
 #ifndef SIMULATIONLISTENER_H
 #define SIMULATIONLISTENER_H
 
-#include "app/simulator/inputchangeevent.h"
-#include "app/simulator/simulationtime.h"
+#include "simulator/inputchangeevent.h"
+#include "simulator/simulationtime.h"
 #include "statechart/devicevalues.h"
 #include "statechart/runtime/abstractstate.h"
 

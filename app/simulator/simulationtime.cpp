@@ -1,4 +1,4 @@
-#include "app/simulator/simulationtime.h"
+#include "simulator/simulationtime.h"
 
 #include "statechart/text/engineeringnumber.h"
 

@@ -1,4 +1,4 @@
-#include "app/simulator/stimulus.h"
+#include "simulator/stimulus.h"
 
 #include "statechart/json/jsonreader.h"
 #include "statechart/json/jsonwriter.h"

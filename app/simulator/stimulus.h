@@ -1,8 +1,8 @@
 #ifndef STIMULUS_H
 #define STIMULUS_H
 
-#include "app/simulator/parametertable.h"
-#include "app/simulator/simulationtime.h"
+#include "simulator/parametertable.h"
+#include "simulator/simulationtime.h"
 #include "statechart/json/jsonvalue.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "app/simulator/variablevalue.h"
+#include "simulator/variablevalue.h"
 
-#include "app/simulator/integertext.h"
+#include "simulator/integertext.h"
 #include "statechart/json/jsonwriter.h"
 #include "statechart/text/engineeringnumber.h"
 
