@@ -37,6 +37,7 @@ int run(const std::vector<std::string>& commandLine)
     addBundleCommand(application, action);
     addUnbundleCommand(application, action);
     addRunCommand(application, action);
+    addDiagramCommand(application, action);
     for (CLI::App* command : application.get_subcommands({}))
         command->footer(command->get_footer() + "\n" + exitCodes);
 

@@ -22,5 +22,6 @@ void addCheckCommand(CLI::App& application, Action& action);
 void addBundleCommand(CLI::App& application, Action& action);
 void addUnbundleCommand(CLI::App& application, Action& action);
 void addRunCommand(CLI::App& application, Action& action);
+void addDiagramCommand(CLI::App& application, Action& action);
 
 #endif
