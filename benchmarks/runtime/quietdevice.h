@@ -1,0 +1,78 @@
+#ifndef QUIETDEVICE_H
+#define QUIETDEVICE_H
+
+#include "statechart/digitaldeviceactor.h"
+
+/// An event that triggers the transitions whose event has its name.
+class NamedEvent : public AbstractEvent
+{
+public:
+    explicit NamedEvent(std::string eventName) : name(std::move(eventName)) {}
+
+    int type() const override { return 100; }
+
+    std::string name;
+};
+
+/// A device that has variables and nothing else.
+class QuietDevice : public AbstractDigitalDeviceActor
+{
+public:
+    using AbstractDigitalDeviceActor::AbstractDigitalDeviceActor;
+    using AbstractDigitalDeviceActor::heldVariable;
+
+    bool eventMatches(const Transition& transition, const AbstractEvent& event) override
+    {
+        if (event.type() == 100)
+            return transition.event == static_cast<const NamedEvent&>(event).name;
+        return AbstractDigitalDeviceActor::eventMatches(transition, event);
+    }
+
+    void print(const std::string&) override {}
+    void setVariable(const std::string& name, const DeviceVariableValue& value) override
+    {
+        deviceVariables()[name] = value;
+    }
+    std::int32_t getVariable_int(const std::string& name) override
+    {
+        return heldVariable<std::int32_t>(name);
+    }
+    double getVariable_double(const std::string& name) override { return heldVariable<double>(name); }
+    std::string getVariable_string(const std::string& name) override
+    {
+        return heldVariable<std::string>(name);
+    }
+    bool getVariable_bool(const std::string& name) override { return heldVariable<bool>(name); }
+    std::int64_t getVariable_int64_t(const std::string& name) override
+    {
+        return heldVariable<std::int64_t>(name);
+    }
+    std::uint64_t getVariable_uint64_t(const std::string& name) override
+    {
+        return heldVariable<std::uint64_t>(name);
+    }
+    std::int64_t getParameter_int64_t(const std::string&) override { return 0; }
+    std::uint64_t getParameter_uint64_t(const std::string&) override { return 0; }
+    double getParameter_double(const std::string&) override { return 0; }
+    std::int64_t readBus_int64_t(const std::string&) override { return 0; }
+    std::uint64_t readBus_uint64_t(const std::string&) override { return 0; }
+    void writeBus(const std::string&, const BusValue&, double) override {}
+    bool isPinHigh(const std::string&) override { return false; }
+    bool isPinLow(const std::string&) override { return true; }
+    bool isBusPinHigh(const std::string&, std::int32_t) override { return false; }
+    bool isBusPinLow(const std::string&, std::int32_t) override { return true; }
+    double simulationTime() override { return 0; }
+    bool isEdgeEvent(const std::string&) override { return false; }
+    bool isPositiveEdge(const std::string&) override { return false; }
+    bool isNegativeEdge(const std::string&) override { return false; }
+    void setBusPinHigh(const std::string&, std::int32_t, double) override {}
+    void setBusPinLow(const std::string&, std::int32_t, double) override {}
+    void setPinHigh(const std::string&, double) override {}
+    void setPinLow(const std::string&, double) override {}
+    void scheduleWake(const double&, std::uint64_t) override {}
+};
+
+/// A device that runs the definition.
+std::unique_ptr<QuietDevice> quietDevice(const std::string& definition);
+
+#endif
