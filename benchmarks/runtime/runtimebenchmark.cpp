@@ -1,5 +1,5 @@
 #include "cycle.h"
-#include "quietdevice.h"
+#include "support/devices/quietdevice.h"
 
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>

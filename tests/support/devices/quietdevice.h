@@ -1,20 +1,16 @@
 #ifndef QUIETDEVICE_H
 #define QUIETDEVICE_H
 
+#include "namedevent.h"
+#include "statechart/ddcodebuilderfactory.h"
+#include "statechart/ddstatechartcompiler.h"
+#include "statechart/ddstatechartlinker.h"
 #include "statechart/digitaldeviceactor.h"
+#include "statechart/json/jsonreader.h"
 
-/// An event that triggers the transitions whose event has its name.
-class NamedEvent : public AbstractEvent
-{
-public:
-    explicit NamedEvent(std::string eventName) : name(std::move(eventName)) {}
+#include <sstream>
 
-    int type() const override { return 100; }
-
-    std::string name;
-};
-
-/// A device that has variables and nothing else.
+/// A device that has variables and nothing else, and writes nothing down.
 class QuietDevice : public AbstractDigitalDeviceActor
 {
 public:
@@ -23,7 +19,7 @@ public:
 
     bool eventMatches(const Transition& transition, const AbstractEvent& event) override
     {
-        if (event.type() == 100)
+        if (event.type() == NamedEvent::number)
             return transition.event == static_cast<const NamedEvent&>(event).name;
         return AbstractDigitalDeviceActor::eventMatches(transition, event);
     }
@@ -31,7 +27,7 @@ public:
     void print(const std::string&) override {}
     void setVariable(const std::string& name, const DeviceVariableValue& value) override
     {
-        deviceVariables()[name] = value;
+        holdVariable(name, value);
     }
     std::int32_t getVariable_int(const std::string& name) override
     {
@@ -73,6 +69,12 @@ public:
 };
 
 /// A device that runs the definition.
-std::unique_ptr<QuietDevice> quietDevice(const std::string& definition);
+inline std::unique_ptr<QuietDevice> quietDevice(const std::string& definition)
+{
+    const std::shared_ptr<CodeBuilder> builder = DDCodeBuilderFactory::createCodeBuilder();
+    std::istringstream input(definition);
+    const JsonObject compiled = compileDeviceStateChart(asObject(readDocument(input)), builder);
+    return std::make_unique<QuietDevice>(linkDeviceStateChart(compiled, builder));
+}
 
 #endif
