@@ -6,6 +6,7 @@
 #include "statechart/runtime/initialisationevent.h"
 #include "traceactor.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
@@ -152,6 +153,17 @@ bool differs(const ChartPlan& plan, std::uint64_t seed)
     return runOfActor<Actor>(plan, seed) != runOfReference(plan, seed);
 }
 
+/// What both have in common at first, and where they part.
+std::string differenceOf(const Trace& ours, const Trace& reference)
+{
+    const auto [left, right] = std::mismatch(ours.begin(), ours.end(), reference.begin(), reference.end());
+    std::string text;
+    for (auto line = ours.begin(); line != left; ++line)
+        text += "  " + *line + "\n";
+    text += "ours:      " + (left == ours.end() ? "(the end)" : *left) + "\n";
+    return text + "reference: " + (right == reference.end() ? "(the end)" : *right) + "\n";
+}
+
 /// A chart that is run differently, as small as it gets.
 template <class Actor>
 ChartPlan smallestDifference(const ChartPlan& plan, std::uint64_t seed)
@@ -186,9 +198,8 @@ TEST(Differential, RunsRandomChartsAsTheReferenceDoes)
             continue;
         const ChartPlan smallest = smallestDifference<AnsweringActor>(plan, seed);
         FAIL() << "seed " << seed << "\n"
-               << textOf(smallest)
-               << "\nours:      " << testing::PrintToString(runOfActor<AnsweringActor>(smallest, seed))
-               << "\nreference: " << testing::PrintToString(runOfReference(smallest, seed));
+               << textOf(smallest) << "\n"
+               << differenceOf(runOfActor<AnsweringActor>(smallest, seed), runOfReference(smallest, seed));
     }
     const std::map<std::string, int> least{{"enter", 50000},     {"exit", 20000},        {"print", 50000},
                                            {"isPinHigh", 20000}, {"scheduleWake", 5000}, {"no", 100}};
@@ -220,6 +231,13 @@ TEST(Differential, FindsAnActorThatIsWrongAndShrinksItsChart)
     EXPECT_LE(smallest.states.size(), 2u);
     EXPECT_THAT(textOf(smallest), testing::HasSubstr(R"("event": "e2")"));
     EXPECT_THAT(textOf(smallest), testing::EndsWith("events: e2"));
+}
+
+TEST(Differential, ShowsWhereTwoRunsPart)
+{
+    EXPECT_EQ(differenceOf({"a", "b", "c"}, {"a", "b", "d"}), "  a\n  b\nours:      c\nreference: d\n");
+    EXPECT_EQ(differenceOf({"a"}, {"a", "b"}), "  a\nours:      (the end)\nreference: b\n");
+    EXPECT_EQ(differenceOf({"a"}, {}), "ours:      a\nreference: (the end)\n");
 }
 
 TEST(Differential, ShrinksNothingThatDoesNotFail)
