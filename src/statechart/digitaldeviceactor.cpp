@@ -70,8 +70,21 @@ const DeviceVariableValue& AbstractDigitalDeviceActor::knownVariable(const std::
 {
     const auto found = m_variables.find(name);
     if (found == m_variables.end())
-        throw std::runtime_error(formatText("unknown variable: '{}'", name));
+        refuseVariable(name);
     return found->second;
+}
+
+void AbstractDigitalDeviceActor::holdVariable(const std::string& name, const DeviceVariableValue& value)
+{
+    const auto found = m_variables.find(name);
+    if (found == m_variables.end())
+        refuseVariable(name);
+    found->second = value;
+}
+
+void AbstractDigitalDeviceActor::refuseVariable(const std::string& name)
+{
+    throw std::runtime_error(formatText("unknown variable: '{}'", name));
 }
 
 void AbstractDigitalDeviceActor::refuseVariable(const std::string& name, std::size_t expected,

@@ -101,8 +101,13 @@ protected:
         refuseVariable(name, DeviceVariableValue(T()).index(), value.index());
     }
 
+    /// What setVariable does to deviceVariables(): the variable then holds the value, and its type.
+    /// @throws std::runtime_error that names the variable when there is none of this name.
+    void holdVariable(const std::string& name, const DeviceVariableValue& value);
+
 private:
     const DeviceVariableValue& knownVariable(const std::string& name) const;
+    [[noreturn]] static void refuseVariable(const std::string& name);
     [[noreturn]] static void refuseVariable(const std::string& name, std::size_t expected, std::size_t held);
 
     struct WakeTransition

@@ -70,7 +70,7 @@ void AbstractActor::dispatch(const AbstractEvent& event)
     // Taken out, so that a dispatch from within another, or an exception, does no harm.
     DispatchLists lists = std::exchange(m_lists, {});
     for (const std::shared_ptr<AbstractState>& state : m_active)
-        lists.worklist.add(*state);
+        lists.worklist.addNew(*state);
 
     while (!lists.worklist.empty()) {
         const AbstractState& state = lists.worklist.takeNext();

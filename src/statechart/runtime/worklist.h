@@ -13,11 +13,13 @@ public:
     bool empty() const { return m_states.empty(); }
     void clear() { m_states.clear(); }
 
+    /// The state must not be there yet.
+    void addNew(const AbstractState& state) { m_states.insert(firstOfDepth(state.depth()), &state); }
+
     /// Nothing happens when it is there already.
     void add(const AbstractState& state)
     {
-        const auto isShallower = [&](const AbstractState* other) { return other->depth() < state.depth(); };
-        const auto place = std::find_if_not(m_states.begin(), m_states.end(), isShallower);
+        const auto place = firstOfDepth(state.depth());
         for (auto same = place; same != m_states.end() && (*same)->depth() == state.depth(); ++same)
             if (*same == &state)
                 return;
@@ -38,6 +40,12 @@ public:
     }
 
 private:
+    std::vector<const AbstractState*>::iterator firstOfDepth(int depth)
+    {
+        return std::find_if(m_states.begin(), m_states.end(),
+                            [&](const AbstractState* other) { return other->depth() >= depth; });
+    }
+
     std::vector<const AbstractState*> m_states; // ascending by depth, the next one last
 };
 

@@ -1,7 +1,7 @@
 // What values cost.
 
-#include "allocationcounter.h"
 #include "statechart/json/jsonreader.h"
+#include "support/allocations/allocationcounter.h"
 
 #include <sstream>
 #include <utility>

@@ -5,22 +5,12 @@
 #include "statechart/ddstatechartlinker.h"
 #include "statechart/definitions.h"
 #include "statechart/devicefunctions/recordingactor.h"
+#include "support/devices/namedevent.h"
 
 #include <set>
 
 using Trace = std::vector<std::string>;
 using Chart = std::shared_ptr<const DigitalDeviceStateChart>;
-
-/// An event that triggers the transitions whose event has its name.
-class NamedEvent : public AbstractEvent
-{
-public:
-    explicit NamedEvent(std::string eventName) : name(std::move(eventName)) {}
-
-    int type() const override { return 100; }
-
-    std::string name;
-};
 
 class InputChange : public AbstractDigitalDeviceEvent
 {

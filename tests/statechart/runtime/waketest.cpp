@@ -211,6 +211,7 @@ class VariableDevice : public TraceActor
 {
 public:
     using TraceActor::heldVariable;
+    using TraceActor::holdVariable;
     using TraceActor::TraceActor;
 };
 
@@ -231,6 +232,20 @@ TEST(DeviceVariables, AreReadAsTheTypeThatTheyHold)
     EXPECT_EQ(failureOf([&] { actor.heldVariable<bool>("s"); }),
               "variable 's' is read as 'bool', and holds 'string'");
     EXPECT_EQ(failureOf([&] { actor.heldVariable<double>("m"); }), "unknown variable: 'm'");
+}
+
+TEST(DeviceVariables, HoldTheTypeOfTheLastValue)
+{
+    VariableDevice actor(
+        linkDeviceStateChart(compiledDevice(R"({"outputs": {}, "outputDelay": 1, "start": "a",
+            "variables": {"n": {"type": "int", "value": 4}}, "states": {"a": {"type": "atomic"}}})"),
+                             deviceCodeBuilder()));
+    actor.begin();
+    actor.holdVariable("n", 5);
+    EXPECT_EQ(actor.heldVariable<std::int32_t>("n"), 5);
+    actor.holdVariable("n", true);
+    EXPECT_EQ(actor.heldVariable<bool>("n"), true);
+    EXPECT_EQ(failureOf([&] { actor.holdVariable("m", 1); }), "unknown variable: 'm'");
 }
 
 } // namespace
