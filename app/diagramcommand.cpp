@@ -3,14 +3,13 @@
 #include "diagram/diagramtext.h"
 #include "exitcode.h"
 #include "graphviz.h"
+#include "simulator/jsontext.h"
 #include "standardstreams.h"
-#include "statechart/json/jsonreader.h"
 #include "subcommands.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
 #include <memory>
-#include <sstream>
 
 namespace {
 
@@ -45,12 +44,6 @@ std::vector<std::string> languageNames()
     return names;
 }
 
-JsonObject readDefinition(const std::string& text)
-{
-    std::istringstream stream(text);
-    return asObject(readDocument(stream));
-}
-
 std::optional<ChartUsage> readUsage(const std::string& argument)
 {
     if (argument.empty())
@@ -75,7 +68,7 @@ int diagram(const Arguments& arguments)
         reportErrors(name, *texts.definition);
         return exitInputHasErrors;
     }
-    const ChartOutline chart(readDefinition(*texts.definition));
+    const ChartOutline chart(readJsonText(*texts.definition).asObject());
     const std::optional<ChartUsage> usage = readUsage(arguments.coverage);
     const Language& language = *std::ranges::find(languages, arguments.language, &Language::name);
     const DiagramText result = language.write({chart, usage ? &*usage : nullptr});

@@ -1,13 +1,10 @@
 #include "diagram/chartusage.h"
 
-#include "statechart/json/jsonreader.h"
-
-#include <sstream>
+#include "simulator/jsontext.h"
 
 ChartUsage::ChartUsage(std::string_view coverageJson)
 {
-    std::istringstream stream{std::string(coverageJson)};
-    const JsonValue coverage = readDocument(stream).value();
+    const JsonValue coverage = readJsonText(coverageJson);
     for (const JsonValue& state : coverage.member("states").asArray())
         m_states[state.member("state").asString()] = state.member("entered").asInt();
     for (const JsonValue& transition : coverage.member("transitions").asArray())

@@ -1,10 +1,9 @@
 #include "reports/definitionlines.h"
 
+#include "simulator/jsontext.h"
 #include "statechart/json/jsonlocator.h"
-#include "statechart/json/jsonreader.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace {
 
@@ -66,7 +65,6 @@ private:
 
 DefinitionLines::DefinitionLines(std::string_view definition)
 {
-    std::istringstream stream{std::string(definition)};
-    const JsonValue document = readDocument(stream).value();
+    const JsonValue document = readJsonText(definition);
     LineFinder(definition, *this).addStates(document.member("states"), {std::string("states")}, {});
 }

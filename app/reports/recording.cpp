@@ -1,9 +1,8 @@
 #include "reports/recording.h"
 
-#include "statechart/json/jsonreader.h"
+#include "simulator/jsontext.h"
 #include "statechart/json/jsonwriter.h"
 
-#include <sstream>
 #include <stdexcept>
 
 namespace {
@@ -56,8 +55,7 @@ std::string recordingOf(const RunInputs& inputs)
 
 RunInputs readRecording(std::string_view text)
 {
-    std::istringstream stream{std::string(text)};
-    const JsonValue recording = readDocument(stream).value();
+    const JsonValue recording = readJsonText(text);
     if (!recording.has("recording") || !recording.member("recording").equals(version))
         throw std::runtime_error("not a recording of a run");
     RunInputs inputs;

@@ -1,17 +1,15 @@
 #include "simulator/devicefile.h"
 
+#include "simulator/jsontext.h"
 #include "statechart/ddcodebuilderfactory.h"
 #include "statechart/ddstatechartcompiler.h"
 #include "statechart/json/jsonreader.h"
-
-#include <sstream>
 
 namespace {
 
 JsonObject readObject(const std::string& text)
 {
-    std::istringstream stream(text);
-    return asObject(readDocument(stream));
+    return asObject(JsonDocument(readJsonText(text)));
 }
 
 } // namespace

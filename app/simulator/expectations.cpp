@@ -14,7 +14,7 @@ Expectations::Expectations(const Stimulus& stimulus, const SimulatedDevice& devi
             if (expected.kind == TargetKind::variable) {
                 const auto found = device.variables().find(expected.name);
                 if (found == device.variables().end())
-                    throw std::runtime_error("the device has no variable '" + expected.name + "'");
+                    throw std::runtime_error("unknown variable: '" + expected.name + "'");
                 entry.variable = variableValueOf(expected.name, found->second, expected.value);
             } else {
                 entry.signal = expected.kind == TargetKind::pin ? device.signals().pin(expected.name)

@@ -86,8 +86,8 @@ T ParameterTable::get(const std::string& name, ParameterType type) const
         throw std::runtime_error("the device has no parameter '" + name + "'");
     const Parameter& parameter = found->second;
     if (parameter.definition.type != type)
-        throw std::runtime_error("parameter '" + name + "' is read as " + std::string(wordOf(type)) +
-                                 ", but is of type " + std::string(wordOf(parameter.definition.type)));
+        throw std::runtime_error("parameter '" + name + "' is read as '" + std::string(wordOf(type)) +
+                                 "', and holds '" + std::string(wordOf(parameter.definition.type)) + "'");
     if (!parameter.fault.empty())
         throw std::runtime_error(parameter.fault);
     return std::get<T>(parameter.value);

@@ -162,11 +162,11 @@ void SimulatedDevice::setVariable(const std::string& name, const DeviceVariableV
 {
     const auto found = deviceVariables().find(name);
     if (found == deviceVariables().end())
-        throw std::runtime_error("the device has no variable '" + name + "'");
+        throw std::runtime_error("unknown variable: '" + name + "'");
     if (found->second.index() != value.index())
-        throw std::runtime_error("variable '" + name + "' is set to a value of type " +
-                                 std::string(variableTypes[value.index()]) + ", but holds " +
-                                 std::string(variableTypes[found->second.index()]));
+        throw std::runtime_error("variable '" + name + "' is set to '" +
+                                 std::string(variableTypes[value.index()]) + "', and holds '" +
+                                 std::string(variableTypes[found->second.index()]) + "'");
     if (found->second == value)
         return;
     found->second = value;
@@ -226,8 +226,8 @@ const Signal& SimulatedDevice::readableBus(const std::string& name, BusDataType 
 {
     const Signal& bus = m_signals[m_signals.bus(name)];
     if (bus.dataType != type)
-        throw std::runtime_error("bus '" + name + "' is read as " + wordOf(type) + ", but is of type " +
-                                 wordOf(bus.dataType));
+        throw std::runtime_error("bus '" + name + "' is read as '" + wordOf(type) + "', and holds '" +
+                                 wordOf(bus.dataType) + "'");
     return bus;
 }
 

@@ -1,13 +1,12 @@
 #include "simulator/stimulus.h"
 
-#include "statechart/json/jsonreader.h"
+#include "simulator/jsontext.h"
 #include "statechart/json/jsonwriter.h"
 #include "statechart/text/engineeringnumber.h"
 
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
-#include <sstream>
 #include <stdexcept>
 
 namespace {
@@ -163,8 +162,7 @@ std::optional<Ticks> Stimulus::lastTime() const
 
 Stimulus readStimulus(std::string_view text, TimeResolution resolution)
 {
-    std::istringstream stream{std::string(text)};
-    const JsonValue document = readDocument(stream).value();
+    const JsonValue document = readJsonText(text);
     const Reader root(document, {}, resolution, {"clocks", "events", "expect", "parameters", "until"});
 
     Stimulus stimulus;

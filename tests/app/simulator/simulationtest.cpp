@@ -31,19 +31,33 @@ std::string messageOf(const std::exception& error)
     return error.what();
 }
 
+std::vector<std::string> splitAt(const std::string& text, char separator)
+{
+    std::istringstream stream(text);
+    std::vector<std::string> parts;
+    for (std::string part; std::getline(stream, part, separator);)
+        parts.push_back(part);
+    return parts;
+}
+
+std::string inBraces(const std::string& members)
+{
+    return "{" + members + "}";
+}
+
 /// Runs the device of a case.
 Outcome runCase(const TestCase& test)
 {
     Outcome outcome;
     try {
-        const JsonObject compiled = compiledDeviceOf({"{" + test.at("device") + "}", std::nullopt});
+        const JsonObject compiled = compiledDeviceOf({inBraces(test.at("device")), std::nullopt});
         const DeviceOrder order(compiled);
         SimulationSetup setup;
         setup.resolution = TimeResolution::fromText(test.valueOr("resolution", "1f"));
-        setup.stimulus = readStimulus("{" + test.valueOr("stimulus", "") + "}", setup.resolution);
+        setup.stimulus = readStimulus(inBraces(test.valueOr("stimulus", "")), setup.resolution);
         for (const std::string& parameter : test.all("parameter")) {
-            const std::size_t equals = parameter.find('=');
-            setup.parameters.emplace_back(parameter.substr(0, equals), parameter.substr(equals + 1));
+            const std::vector<std::string> nameAndValue = splitAt(parameter, '=');
+            setup.parameters.emplace_back(nameAndValue.at(0), nameAndValue.at(1));
         }
         PrintsInTrace prints(outcome.trace);
         TraceWriter trace([&](std::string_view lines) { outcome.trace += lines; });
@@ -93,4 +107,4 @@ TEST_P(SimulationCase, Runs)
 
 INSTANTIATE_TEST_SUITE_P(Cases, SimulationCase,
                          testing::ValuesIn(readCaseFolder(TEST_SOURCE_FOLDER "/cases")),
-                         [](const auto& info) { return identifierOf(info.param); });
+                         [](const auto& given) { return identifierOf(given.param); });
