@@ -44,10 +44,18 @@ ActiveLevels::active(const std::vector<std::shared_ptr<AbstractState>>& activeSt
     return result;
 }
 
+std::string nameOf(const ActiveLevels::Level& level)
+{
+    return level.owner == nullptr ? "chart" : level.owner->identifier;
+}
+
 std::vector<const AbstractState*> statesAround(const ActiveLevels::Level& level)
 {
     std::vector<const AbstractState*> states;
-    for (const AbstractState* state = level.owner; state != nullptr; state = state->parent.get())
+    if (level.owner == nullptr)
+        return states;
+    for (const AbstractState* state = level.owner->parent.get(); state != nullptr;
+         state = state->parent.get())
         states.push_back(state);
     std::ranges::reverse(states);
     return states;

@@ -35,7 +35,10 @@ private:
     std::unordered_map<const AbstractState*, std::size_t> m_indexes; // into m_levels, by owner
 };
 
-/// The states around a level, its owner among them, the outermost first.
+/// The name of a level: that of the state that it is the inside of, "chart" for the top level.
+std::string nameOf(const ActiveLevels::Level& level);
+
+/// The states around the owner of a level, the outermost first.
 std::vector<const AbstractState*> statesAround(const ActiveLevels::Level& level);
 
 #endif

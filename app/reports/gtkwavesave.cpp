@@ -33,12 +33,25 @@ std::string signalLine(const Signal& signal, const std::string& scope)
     return line + "\n";
 }
 
+/// The power of two of ticks for 200 pixels that shows a run as a whole in the viewer's own window; then the
+/// cursor and the markers, of which there are none.
+std::string zoomLine(Ticks end)
+{
+    int scale = 0;
+    while (end >> scale > 2)
+        ++scale;
+    std::string line = "*-" + std::to_string(scale) + ".0";
+    for (int marker = 0; marker < 27; ++marker)
+        line += " -1";
+    return line + "\n";
+}
+
 } // namespace
 
 std::string gtkwaveSaveText(const std::string& dump, const std::string& name, const SimulatedDevice& device)
 {
     const std::string scope = dumpName(name) + ".";
-    std::string result = "[dumpfile] \"" + dump + "\"\n[timestart] 0\n";
+    std::string result = "[dumpfile] \"" + dump + "\"\n[timestart] 0\n" + zoomLine(device.now());
 
     result.append(heading).append("States\n").append(text);
     const ActiveLevels levels(device.chart());
@@ -46,7 +59,7 @@ std::string gtkwaveSaveText(const std::string& dump, const std::string& name, co
         result += scope + "states.";
         for (const AbstractState* const state : statesAround(level))
             result += dumpName(state->identifier) + ".";
-        result += "active\n";
+        result += dumpName(nameOf(level)) + "\n";
     }
     for (const bool isInput : {true, false}) {
         result.append(heading).append(isInput ? "Inputs\n" : "Outputs\n");
@@ -59,8 +72,6 @@ std::string gtkwaveSaveText(const std::string& dump, const std::string& name, co
     for (const std::string& variable : device.order().variables) {
         const DeviceVariableValue& value = device.variables().at(variable);
         result.append(variableForms[value.index()]).append(scope + "variables." + dumpName(variable));
-        if (value.index() != 1 && value.index() != 2 && value.index() != 3)
-            result += value.index() == 0 ? "[31:0]" : "[63:0]";
         result += "\n";
     }
     return result;

@@ -159,7 +159,7 @@ void ValueChangeDump::declareLevels()
         }
         for (; scopes.size() < around.size(); scopes.push_back(around[scopes.size()]))
             m_output << "$scope module " << dumpName(around[scopes.size()]->identifier) << " $end\n";
-        declare("string", 1, "active", textValue(noState));
+        declare("string", 1, dumpName(nameOf(level)), textValue(noState));
     }
     for (std::size_t open = 0; open <= scopes.size(); ++open)
         m_output << "$upscope $end\n";

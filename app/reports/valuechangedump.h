@@ -12,8 +12,9 @@
 /// Writes the pins, buses, variables and active states of a run as a value change dump (IEEE 1364-2005,
 /// clause 18), which any waveform viewer reads. Pins and buses stand in the scope of the device, a bus with
 /// the levels of its lines; variables in the scope "variables"; and in the scope "states" there is a text
-/// "active" for every level: the state that is active on it, or "-". Texts are of the kind "string", which
-/// the standard does not have and the viewers in use read. One time has one value of each, the last.
+/// for every level, by the name of the state that it is the inside of, or "chart": the state that is active
+/// on it, or "-". Texts are of the kind "string", which the standard does not have and the viewers in use
+/// read. One time has one value of each, the last.
 class ValueChangeDump : public SimulationListener
 {
 public:
