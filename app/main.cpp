@@ -37,6 +37,8 @@ int run(const std::vector<std::string>& commandLine)
     addCheckCommand(application, action);
     addBundleCommand(application, action);
     addUnbundleCommand(application, action);
+    addRunCommand(application, action);
+    addDiagramCommand(application, action);
     for (CLI::App* command : application.get_subcommands({}))
         command->footer(command->get_footer() + "\n" + exitCodes);
 

@@ -53,6 +53,12 @@ void printLine(std::string_view line)
     write(stdout, "\n");
 }
 
+void printError(std::string_view text)
+{
+    std::fflush(stdout); // what was printed before comes before, where both go to one place
+    write(stderr, text);
+}
+
 void reportError(std::string_view text)
 {
     printErrorLine("halvorin: " + std::string(text));

@@ -15,6 +15,9 @@ void prepare();
 void print(std::string_view text);
 void printLine(std::string_view line);
 
+/// Text on standard error, as it stands.
+void printError(std::string_view text);
+
 /// "halvorin: " and the text, on standard error, as a line without control characters.
 void reportError(std::string_view text);
 

@@ -21,5 +21,7 @@ void addCompileCommand(CLI::App& application, Action& action);
 void addCheckCommand(CLI::App& application, Action& action);
 void addBundleCommand(CLI::App& application, Action& action);
 void addUnbundleCommand(CLI::App& application, Action& action);
+void addRunCommand(CLI::App& application, Action& action);
+void addDiagramCommand(CLI::App& application, Action& action);
 
 #endif

@@ -1,8 +1,8 @@
 #include "action/runbothways.h"
 
-#include "action/anyactor.h"
-#include "action/boundedform.h"
-#include "action/boundedrules.h"
+#include "bounded/anyactor.h"
+#include "bounded/boundedform.h"
+#include "bounded/boundedrules.h"
 #include "actionlanguage/linker.h"
 
 #include <bit>

@@ -2,9 +2,10 @@
 #define DDCODEBUILDERFACTORY_H
 
 #include "actionlanguage/codebuilder.h"
+#include "halvwidgetsexport.h"
 
 /// Makes the builder of a device's code.
-class DDCodeBuilderFactory
+class HALVWIDGETS_EXPORT DDCodeBuilderFactory
 {
 public:
     /// A builder that knows the functions of a device beside the general library.

@@ -1,6 +1,7 @@
 #ifndef DDSTATECHARTCOMPILER_H
 #define DDSTATECHARTCOMPILER_H
 
+#include "halvwidgetsexport.h"
 #include "statechart/statechartcompiler.h"
 
 /// Adds to a compiled chart what makes it a digital device: "inputBuses", "inputPins", "outputBuses",
@@ -24,6 +25,7 @@ private:
 };
 
 /// The compiled device of a definition.
-JsonObject compileDeviceStateChart(const JsonObject& definition, std::shared_ptr<CodeBuilder> builder);
+HALVWIDGETS_EXPORT JsonObject compileDeviceStateChart(const JsonObject& definition,
+                                                      std::shared_ptr<CodeBuilder> builder);
 
 #endif

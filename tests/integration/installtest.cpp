@@ -2,6 +2,8 @@
 #include "support/smalldefinition.h"
 #include "support/temporaryfolder.h"
 
+#include <fstream>
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -25,11 +27,39 @@ target_compile_features(outside PRIVATE cxx_std_20)
 target_link_libraries(outside PRIVATE HalvWidgets::HalvWidgets HalvWidgets::HostSupport)
 )";
 
-constexpr auto program = R"(#include "HostSupport/scripthost.h"
+constexpr auto program = R"program(#include "HostSupport/scripthost.h"
+#include "quietdevice.h"
 #include "statechart/json/jsonreader.h"
 #include "statechart/json/jsonwriter.h"
 #include <iostream>
 #include <sstream>
+
+class Tracer : public AbstractActorObserver
+{
+public:
+    void transitionTaken(const Transition& transition) override { std::cout << transition.identifier << '\n'; }
+    void conditionTested(const Transition&, std::size_t index, bool holds) override
+    {
+        std::cout << index << ' ' << holds << '\n';
+    }
+};
+
+void runDevice()
+{
+    const auto device = quietDevice(R"({"outputs": {}, "outputDelay": 1, "start": "a",
+        "variables": {"n": {"type": "int", "value": 1}},
+        "states": {"a": {"type": "atomic", "transitions": {"t": {"target": "b", "order": 0, "event": "go",
+            "conditions": "getVariable_int(\"n\") == 1"}}},
+            "b": {"type": "atomic", "onEntry": "getVariable_bool(\"n\");"}}})");
+    Tracer tracer;
+    device->setObserver(&tracer);
+    device->start();
+    try {
+        device->dispatch(NamedEvent("go"));
+    } catch (const std::runtime_error& error) {
+        std::cout << error.what() << '\n';
+    }
+}
 
 int main(int, char** arguments)
 {
@@ -43,8 +73,15 @@ int main(int, char** arguments)
     }
     const auto result = HostSupport::call("CompileDigitalDeviceStateChart", {arguments[1], arguments[2]});
     std::cout << std::get<std::vector<std::string>>(result).at(0) << '\n';
+    runDevice();
 }
-)";
+)program";
+
+std::string textOf(const fs::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+}
 
 } // namespace
 
@@ -60,6 +97,9 @@ TEST(Install, LetsAProgramFromOutsideBuildAgainstTheLibrary)
 
     folder.write("source/CMakeLists.txt", project);
     folder.write("source/main.cpp", program);
+    for (const char* header : {"quietdevice.h", "namedevent.h"})
+        folder.write(std::string("source/") + header,
+                     textOf(fs::path(PROJECT_FOLDER) / "tests/support/devices" / header));
     folder.write("source/headers.cpp", includesOf(folder / "prefix/include/HalvWidgets"));
     const std::string build = folder / "build";
     step = runProcess({CMAKE_PROGRAM, "-S", folder / "source", "-B", build, "-G", GENERATOR,
@@ -74,7 +114,9 @@ TEST(Install, LetsAProgramFromOutsideBuildAgainstTheLibrary)
     EXPECT_EQ(step.exitCode, 0) << step.error;
     EXPECT_EQ(step.output, "{\"a\": [1.0,true]}\n"
                            "invalid JSON 'expected } or object definition' at position 1\n"
-                           "Ok\n");
+                           "Ok\n"
+                           "\n0 1\nt\n"
+                           "variable 'n' is read as 'bool', and holds 'int'\n");
 
     step = runProcess({folder / "prefix/bin/halvorin", "functions"});
     EXPECT_EQ(step.exitCode, 0) << step.error;

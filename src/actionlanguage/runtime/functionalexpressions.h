@@ -114,18 +114,20 @@ public:
 
     Result evaluate(AbstractExecutionInterface& executionInterface) const override
     {
-        return evaluateWith(executionInterface, std::index_sequence_for<Arguments...>());
+        return evaluateRest<sizeof...(Arguments)>(executionInterface);
     }
 
 private:
-    template <std::size_t... index>
-    Result evaluateWith(AbstractExecutionInterface& executionInterface, std::index_sequence<index...>) const
+    /// Evaluates the first `count` arguments; `values` are those behind them, which stay where they are.
+    template <std::size_t count, class... Values>
+    Result evaluateRest(AbstractExecutionInterface& executionInterface, const Values&... values) const
     {
-        std::tuple<Arguments...> values;
-        [[maybe_unused]] constexpr std::size_t last = sizeof...(Arguments) - 1;
-        ((std::get<last - index>(values) = std::get<last - index>(m_arguments)->evaluate(executionInterface)),
-         ...);
-        return this->m_lambda(static_cast<Interface&>(executionInterface), std::get<index>(values)...);
+        if constexpr (count == 0)
+            return this->m_lambda(static_cast<Interface&>(executionInterface), values...);
+        else
+            return evaluateRest<count - 1>(executionInterface,
+                                           std::get<count - 1>(m_arguments)->evaluate(executionInterface),
+                                           values...);
     }
 
     std::tuple<ExpressionPointer<Arguments>...> m_arguments;

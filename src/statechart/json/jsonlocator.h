@@ -1,6 +1,8 @@
 #ifndef JSONLOCATOR_H
 #define JSONLOCATOR_H
 
+#include "halvwidgetsexport.h"
+
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -39,7 +41,7 @@ struct JsonLocation
 /// guess within it.
 ///
 ///     JsonLocator(R"({"a": [1, 22]})").locate({"a", 1u}).value   // offset 10, length 2
-class JsonLocator
+class HALVWIDGETS_EXPORT JsonLocator
 {
 public:
     explicit JsonLocator(std::string_view document);

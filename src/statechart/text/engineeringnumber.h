@@ -1,6 +1,8 @@
 #ifndef ENGINEERINGNUMBER_H
 #define ENGINEERINGNUMBER_H
 
+#include "halvwidgetsexport.h"
+
 #include <string_view>
 
 /// The number that a text with an engineering suffix stands for: "10n" is 1e-8, "1meg" is 1e6.
@@ -12,6 +14,6 @@
 ///
 /// @throws std::runtime_error "invalid format for number conversion" when there is no leading number, for
 /// "inf" and "nan", when the leading number is itself out of range, and for any other character behind it.
-double parseEngineeringNumber(std::string_view text);
+HALVWIDGETS_EXPORT double parseEngineeringNumber(std::string_view text);
 
 #endif

@@ -12,6 +12,8 @@
 class RecordingActor : public AbstractDigitalDeviceActor
 {
 public:
+    using AbstractDigitalDeviceActor::AbstractDigitalDeviceActor;
+
     std::vector<std::string> calls;
     std::map<std::string, DeviceVariableValue> variables;
     std::map<std::string, double> parameters{{"OUTPUT_DELAY", 2.5}};

@@ -1,8 +1,8 @@
 // What values cost.
 
-#include "allocationcounter.h"
 #include "statechart/json/jsonlocator.h"
 #include "statechart/json/jsonreader.h"
+#include "support/allocations/allocationcounter.h"
 
 #include <sstream>
 #include <utility>

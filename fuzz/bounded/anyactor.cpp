@@ -1,4 +1,4 @@
-#include "action/anyactor.h"
+#include "bounded/anyactor.h"
 
 #include "statechart/text/format.h"
 

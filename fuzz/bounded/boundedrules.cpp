@@ -1,6 +1,6 @@
-#include "action/boundedrules.h"
+#include "bounded/boundedrules.h"
 
-#include "action/anyactor.h"
+#include "bounded/anyactor.h"
 #include "statechart/devicefunctions.h"
 #include "statechart/text/format.h"
 

@@ -1,4 +1,4 @@
-#include "action/boundedform.h"
+#include "bounded/boundedform.h"
 
 namespace {
 

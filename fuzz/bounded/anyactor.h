@@ -18,6 +18,8 @@ public:
 class AnyActor : public AbstractDigitalDeviceActor
 {
 public:
+    using AbstractDigitalDeviceActor::AbstractDigitalDeviceActor;
+
     /// @throws BoundReached after so many rounds of loops.
     void countRound();
 

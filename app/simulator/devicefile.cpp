@@ -1,0 +1,35 @@
+#include "simulator/devicefile.h"
+
+#include "simulator/jsontext.h"
+#include "statechart/ddcodebuilderfactory.h"
+#include "statechart/ddstatechartcompiler.h"
+#include "statechart/json/jsonreader.h"
+
+namespace {
+
+JsonObject readObject(const std::string& text)
+{
+    return asObject(JsonDocument(readJsonText(text)));
+}
+
+} // namespace
+
+DeviceTexts deviceTextsOf(std::string text)
+{
+    const bool isCompiled = readObject(text).contains("nstates");
+    DeviceTexts texts;
+    (isCompiled ? texts.compiled : texts.definition) = std::move(text);
+    return texts;
+}
+
+JsonObject compiledDeviceOf(const DeviceTexts& texts)
+{
+    if (texts.compiled)
+        return readObject(*texts.compiled);
+    const JsonObject definition = readObject(texts.definition.value());
+    try {
+        return compileDeviceStateChart(definition, DDCodeBuilderFactory::createCodeBuilder());
+    } catch (const std::exception& error) {
+        throw DefinitionHasErrors(error.what());
+    }
+}

@@ -1,0 +1,3 @@
+#include "statechart/digitaldevicestatechart.h"
+
+DigitalDeviceStateChart::~DigitalDeviceStateChart() = default;

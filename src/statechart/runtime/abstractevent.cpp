@@ -1,0 +1,3 @@
+#include "statechart/runtime/abstractevent.h"
+
+AbstractEvent::~AbstractEvent() = default;

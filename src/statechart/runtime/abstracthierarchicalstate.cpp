@@ -1,0 +1,3 @@
+#include "statechart/runtime/abstracthierarchicalstate.h"
+
+AbstractHierarchicalState::~AbstractHierarchicalState() = default;

@@ -1,0 +1,8 @@
+#include "statechart/runtime/compoundstate.h"
+
+CompoundState::~CompoundState() = default;
+
+int CompoundState::type() const
+{
+    return compound;
+}

@@ -1,0 +1,8 @@
+#include "statechart/runtime/initialisationevent.h"
+
+InitialisationEvent::~InitialisationEvent() = default;
+
+int InitialisationEvent::type() const
+{
+    return initialisation;
+}
