@@ -47,7 +47,7 @@ private:
         }
     }
 
-    std::size_t lineOf(const JsonPath& path) const
+    std::size_t lineOf(const JsonPath& path)
     {
         const JsonLocation location = m_locator.locate(path);
         const std::size_t offset = location.key ? location.key->offset : location.value.offset;
