@@ -10,6 +10,7 @@
 #include "reports/tracewriter.h"
 #include "reports/valuechangedump.h"
 #include "runoutput.h"
+#include "runprogress.h"
 #include "simulator/runguard.h"
 #include "simulator/simulation.h"
 #include "simulator/variablevalue.h"
@@ -56,6 +57,7 @@ public:
           m_resolution(TimeResolution::fromText(inputs.resolution)), m_trace(&RunOutput::print)
     {
         m_listeners.push_back(&m_print);
+        m_listeners.push_back(&m_progress);
         if (reports.trace)
             m_listeners.push_back(&m_trace);
         if (reports.wantsCoverage())
@@ -114,6 +116,7 @@ private:
     void runOnce(const NamedText& stimulus)
     {
         const std::unique_ptr<Simulation> simulation = simulationOf(stimulus);
+        m_progress.setEnd(simulation->end());
         SimulationResult result;
         {
             const RunGuard guard(simulation->device().runningCode(), m_inputs.device,
@@ -179,6 +182,7 @@ private:
     DeviceOrder m_order;
     TimeResolution m_resolution;
     PrintListener m_print;
+    RunProgress m_progress;
     TraceWriter m_trace;
     CoverageCollector m_coverage;
     std::optional<ReportText> m_dumpText;

@@ -48,6 +48,9 @@ public:
 
     SimulatedDevice& device() { return m_device; }
 
+    /// When the run ends.
+    Ticks end() const { return m_until; }
+
     /// To be called once.
     SimulationResult run();
 
