@@ -11,13 +11,30 @@ namespace {
 
 // The limit is looked at this many times within its own length.
 constexpr int looksPerLimit = 20;
+constexpr int limitsPerEvent = 10;
 
 // What the signal handlers work with: they get no arguments of ours.
 const RunningCode* watched = nullptr;
 std::string watchedName;
 RunGuard::LastAct lastAct = nullptr;
-std::uint64_t lastCount = 0;
-int looksWithoutProgress = 0;
+
+/// Something that is counted up as long as things go on, and how often it was seen to stand still.
+struct Watch
+{
+    std::uint64_t count = 0;
+    int looks = 0;
+
+    /// Tells whether it has stood still for so many looks.
+    bool standsStill(std::uint64_t now, int mostLooks)
+    {
+        looks = now == count ? looks + 1 : 0;
+        count = now;
+        return looks >= mostLooks;
+    }
+};
+
+Watch codeWatch;
+Watch eventWatch;
 
 struct sigaction formerFault;
 struct sigaction formerAlarm;
@@ -52,14 +69,15 @@ void onFault(int)
 
 void onAlarm(int)
 {
-    const std::uint64_t count = watched->count;
-    if (!watched->isRunning || count != lastCount) {
-        lastCount = count;
-        looksWithoutProgress = 0;
+    if (!watched->isRunning) {
+        codeWatch = {};
+        eventWatch = {};
         return;
     }
-    if (++looksWithoutProgress >= looksPerLimit)
+    if (codeWatch.standsStill(watched->count, looksPerLimit))
         end("the code does not end (--time-limit gives it longer)");
+    if (eventWatch.standsStill(watched->eventCount, looksPerLimit * limitsPerEvent))
+        end("what the event brings about does not end (--time-limit gives it longer)");
 }
 
 void setTimer(std::chrono::duration<double> interval)
@@ -88,8 +106,8 @@ RunGuard::RunGuard(const RunningCode& code, std::string name, std::chrono::durat
     watched = &code;
     watchedName = std::move(name);
     lastAct = act;
-    lastCount = 0;
-    looksWithoutProgress = 0;
+    codeWatch = {};
+    eventWatch = {};
     handle(SIGFPE, onFault, formerFault);
     handle(SIGALRM, onAlarm, formerAlarm);
     // A timer of length 0 would be none.

@@ -36,6 +36,9 @@ struct RunningCode
     /// How many pieces of code have begun; a watch sees by it whether the device goes on.
     std::atomic<std::uint64_t> count = 0;
 
+    /// How many events the device was told of.
+    std::atomic<std::uint64_t> eventCount = 0;
+
     /// Whether an event is being handled.
     std::atomic<bool> isRunning = false;
 

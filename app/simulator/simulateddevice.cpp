@@ -48,8 +48,7 @@ void SimulatedDevice::setNow(Ticks now)
 void SimulatedDevice::startRun()
 {
     tell(&SimulationListener::start, *this);
-    m_transitionsTaken = 0;
-    m_runningCode.isRunning = true;
+    beginEvent();
     tell(&SimulationListener::startBegins);
     start();
     endEvent();
@@ -57,9 +56,8 @@ void SimulatedDevice::startRun()
 
 void SimulatedDevice::change(const InputChangeEvent& event)
 {
-    m_transitionsTaken = 0;
     m_change = &event;
-    m_runningCode.isRunning = true;
+    beginEvent();
     tell(&SimulationListener::changeBegins, event);
     dispatch(event);
     m_change = nullptr;
@@ -70,11 +68,25 @@ void SimulatedDevice::wake(std::uint64_t wakeIdentifier)
 {
     const auto pending = pendingWakes().find(wakeIdentifier);
     const Transition* const transition = pending == pendingWakes().end() ? nullptr : pending->second;
-    m_transitionsTaken = 0;
-    m_runningCode.isRunning = true;
+    beginEvent();
     tell(&SimulationListener::wakeBegins, wakeIdentifier, transition);
     dispatch(WakeRequestedEvent(wakeIdentifier));
     endEvent();
+}
+
+void SimulatedDevice::beginEvent()
+{
+    m_transitionsTaken = 0;
+    m_statesEntered = 0;
+    m_runningCode.eventCount = m_runningCode.eventCount + 1;
+    m_runningCode.isRunning = true;
+}
+
+/// Stops the run for what no piece of code is to blame for.
+void SimulatedDevice::giveUp(const std::string& what)
+{
+    m_runningCode.code = {};
+    throw std::runtime_error(what);
 }
 
 void SimulatedDevice::endEvent()
@@ -99,6 +111,9 @@ bool SimulatedDevice::setLines(std::size_t index, std::uint64_t mask, std::uint6
 void SimulatedDevice::stateEntered(const std::shared_ptr<AbstractState>& state)
 {
     AbstractDigitalDeviceActor::stateEntered(state);
+    if (++m_statesEntered > maximumEntries)
+        giveUp("more than " + std::to_string(maximumEntries) +
+               " states are entered in one event, at state '" + state->identifier + "'");
     tell(&SimulationListener::stateEntered, *state);
 }
 
@@ -113,13 +128,10 @@ void SimulatedDevice::transitionTaken(const Transition& transition)
 {
     if (transition.source == chart().initialState)
         return;
-    if (++m_transitionsTaken > maximumTransitions) {
-        m_runningCode.code = {};
-        throw std::runtime_error("a chain of transitions does not end: more than " +
-                                 std::to_string(maximumTransitions) + " in one event, at transition '" +
-                                 transition.identifier + "' of state '" + transition.source->identifier +
-                                 "'");
-    }
+    if (++m_transitionsTaken > maximumTransitions)
+        giveUp("a chain of transitions does not end: more than " + std::to_string(maximumTransitions) +
+               " in one event, at transition '" + transition.identifier + "' of state '" +
+               transition.source->identifier + "'");
     tell(&SimulationListener::transitionTaken, transition);
 }
 

@@ -86,6 +86,9 @@ public:
     /// stack has room for.
     static constexpr int maximumTransitions = 10'000;
 
+    /// The states that one event may enter; each may leave a transition that waits to be taken.
+    static constexpr int maximumEntries = 1'000'000;
+
 private:
     void transitionTaken(const Transition& transition) override;
     void codeBegins(const ActorCode& code) override;
@@ -97,7 +100,9 @@ private:
     void setPin(const std::string& pin, bool isHigh, double delay);
     void schedule(const OutputChange& change, double delay);
     const InputChangeEvent* edgeOf(const std::string& pin) const;
+    void beginEvent();
     void endEvent();
+    [[noreturn]] void giveUp(const std::string& what);
 
     template <class Operation, class... Arguments>
     void tell(Operation operation, const Arguments&... arguments) const
@@ -116,6 +121,7 @@ private:
     Ticks m_now = 0;
     const InputChangeEvent* m_change = nullptr; // the one that is being handled
     int m_transitionsTaken = 0;                 // in the event that is being handled
+    int m_statesEntered = 0;                    // likewise
 };
 
 #endif

@@ -11,12 +11,14 @@
 // The numbers that stand in a compiled device, and the words of the definition that each comes from. To add
 // a word, add its name and number to the enumeration and its row to the table under it.
 
+/// What the numbers of a bus are.
 enum class BusDataType : std::int32_t
 {
     int64 = 0,
     uint64 = 1,
 };
 
+/// How the lines of a bus stand for a number.
 enum class BusEncoding : std::int32_t
 {
     offsetBinary = 1,
@@ -24,6 +26,7 @@ enum class BusEncoding : std::int32_t
     unsignedBinary = 3, ///< of any "uint64_t" bus; no word of a definition asks for it
 };
 
+/// What the text of a parameter is a number of.
 enum class ParameterType : std::int32_t
 {
     int64 = 0,
@@ -31,13 +34,15 @@ enum class ParameterType : std::int32_t
     real = 2,
 };
 
-/// The order is that of the editor's choices, High first; it is not that of the levels.
+/// The level of an output pin at the start. The order is that of the editor's choices, High first; it is not
+/// that of the levels.
 enum class PinInitialValue : std::int32_t
 {
     high = 0,
     low = 1,
 };
 
+/// A row of the tables below.
 template <class Enumeration>
 struct DeviceWord
 {

@@ -17,6 +17,7 @@ public:
 
     virtual ~AbstractIODefinition();
 
+    /// One of Type.
     virtual int type() const = 0;
 
 protected:
@@ -25,6 +26,7 @@ protected:
     AbstractIODefinition& operator=(const AbstractIODefinition&) = default;
 };
 
+/// Some lines that carry a number together.
 class HALVWIDGETS_EXPORT AbstractBusDefinition : public AbstractIODefinition
 {
 public:
@@ -38,6 +40,7 @@ protected:
     AbstractBusDefinition(BusDataType busDataType, BusEncoding busEncoding, std::uint32_t busWidth);
 };
 
+/// One line.
 class HALVWIDGETS_EXPORT AbstractPinDefinition : public AbstractIODefinition
 {
 public:
@@ -47,15 +50,18 @@ protected:
     AbstractPinDefinition() = default;
 };
 
+/// A bus that is driven from outside.
 class HALVWIDGETS_EXPORT InputBusDefinition : public AbstractBusDefinition
 {
 public:
     InputBusDefinition(BusDataType busDataType, BusEncoding busEncoding, std::uint32_t busWidth);
 };
 
+/// A pin that is driven from outside.
 class HALVWIDGETS_EXPORT InputPinDefinition : public AbstractPinDefinition
 {};
 
+/// A bus that the device drives.
 class HALVWIDGETS_EXPORT OutputBusDefinition : public AbstractBusDefinition
 {
 public:
@@ -68,6 +74,7 @@ public:
     BusValue initial; ///< its index is 0 for a signed bus, 1 for an unsigned one
 };
 
+/// A pin that the device drives.
 class HALVWIDGETS_EXPORT OutputPinDefinition : public AbstractPinDefinition
 {
 public:

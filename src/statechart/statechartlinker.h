@@ -11,7 +11,7 @@
 
 class AbstractHierarchicalState;
 
-/// Builds a chart that can run from a compiled one. An object serves one chart.
+/// Builds a chart that can run from a compiled one. An object links one chart, once.
 ///
 /// Compiled charts come from outside: numbers of things are hints, and nothing is reserved for what is not
 /// there.

@@ -74,16 +74,20 @@ void AbstractActor::dispatch(const AbstractEvent& event)
 
     while (!lists.worklist.empty()) {
         const AbstractState& state = lists.worklist.takeNext();
-        if (const Transition* const transition = triggeredTransition(state, event)) {
+        const std::uint64_t removals = m_removals;
+        const Transition* const transition = triggeredTransition(state, event);
+        if (transition != nullptr) {
             lists.handled.push_back(&state);
             execute(*transition);
+        } else if (state.parent && !isAncestorOfOne(*state.parent, lists.handled)) {
+            lists.worklist.add(*state.parent);
+        }
+        // What is in the list was active when this was looked at last. A condition that dispatches an event
+        // of its own changes that, too.
+        if (transition != nullptr || m_removals != removals) {
             lists.worklist.removeIf([&](const AbstractState& other) {
                 return !isActive(other) || isAncestorOfOne(other, lists.handled);
             });
-        } else if (state.parent && !isAncestorOfOne(*state.parent, lists.handled)) {
-            // It is active, since `state` is: nothing has changed since that was known. Nor has it for the
-            // rest of the list.
-            lists.worklist.add(*state.parent);
         }
     }
     lists.handled.clear();
@@ -134,7 +138,7 @@ void AbstractActor::execute(const Transition& transition)
     run(transition.actions, ActorCode::Kind::transitionAction, nullptr, &transition);
 
     const LengthGuard guard(m_pending);
-    enter(transition.target);
+    enter(transition.target, m_entering.size());
     while (guard.hasGrown()) {
         const Transition& pending = *m_pending.back();
         m_pending.pop_back();
@@ -155,15 +159,20 @@ void AbstractActor::exitFrom(const Transition& transition)
 
 void AbstractActor::removeActive(const AbstractState& state)
 {
+    ++m_removals;
     const bool isAtomic = state.type() == AbstractState::atomic;
     std::erase_if(m_active, [&](const std::shared_ptr<AbstractState>& active) {
         return isAtomic ? active.get() == &state : active->isProperDescendantOf(state);
     });
 }
 
-void AbstractActor::enter(const std::shared_ptr<AbstractState>& state)
+void AbstractActor::enter(const std::shared_ptr<AbstractState>& state, std::size_t firstEntering)
 {
-    // The way leads down a tree: no state is met again while it is being entered.
+    if (std::find(m_entering.begin() + static_cast<std::ptrdiff_t>(firstEntering), m_entering.end(),
+                  state.get()) != m_entering.end())
+        return; // a chart that nobody linked may lead in circles
+    const LengthGuard guard(m_entering);
+    m_entering.push_back(state.get());
     stateEntered(state);
     run(state->entryActions, ActorCode::Kind::entryAction, state.get(), nullptr);
     const bool isAtomic = state->type() == AbstractState::atomic;
@@ -172,18 +181,18 @@ void AbstractActor::enter(const std::shared_ptr<AbstractState>& state)
     if (const Transition* const transition = pendingTransition(*state))
         m_pending.push_back(transition);
     else if (!isAtomic)
-        enterSubstates(*state);
+        enterSubstates(*state, firstEntering);
 }
 
-void AbstractActor::enterSubstates(const AbstractState& state)
+void AbstractActor::enterSubstates(const AbstractState& state, std::size_t firstEntering)
 {
     if (state.type() == AbstractState::compound) {
-        enter(static_cast<const CompoundState&>(state).initialSubstate);
+        enter(static_cast<const CompoundState&>(state).initialSubstate, firstEntering);
         return;
     }
     for (const std::shared_ptr<AbstractState>& substate :
          static_cast<const AbstractHierarchicalState&>(state).substates)
-        enter(substate);
+        enter(substate, firstEntering);
 }
 
 void AbstractActor::run(const std::vector<LinkedStatements>& actions, ActorCode::Kind kind,

@@ -12,18 +12,21 @@
 ///     actor.start();              // enters the chart's start state
 ///     actor.dispatch(event);      // and so on
 ///
-/// An actor belongs to one thread. An exception that an action or a condition raises goes out through
-/// dispatch(), and the active states stay as they were at that moment. Transitions without an event may
-/// follow each other for ever, and take stack for each: whoever runs charts of others counts in
+/// The chart must be a linked one. Variables of its actions are in the chart: actors that share one share
+/// those too. An actor belongs to one thread. An exception that an action or a condition raises goes out
+/// through dispatch(), and the active states stay as they were at that moment. Transitions without an event
+/// may follow each other for ever, and take stack for each: whoever runs charts of others counts in
 /// stateEntered(). docs/decisions/charts-that-differ.md says where the rules are not those of textbooks.
 class HALVWIDGETS_EXPORT AbstractActor : public AbstractExecutionInterface
 {
 public:
+    /// In no state until start().
     explicit AbstractActor(std::shared_ptr<const StateChart> chart);
     AbstractActor(const AbstractActor&) = delete;
     AbstractActor& operator=(const AbstractActor&) = delete;
     ~AbstractActor() override;
 
+    /// What it runs.
     virtual const StateChart& chart() const;
 
     /// Whether the event triggers the transition. Here: the initialisation triggers "init".
@@ -41,7 +44,7 @@ public:
     virtual void stateEntered(const std::shared_ptr<AbstractState>& state);
     virtual void stateExited(const std::shared_ptr<AbstractState>& state);
 
-    /// The atomic states that are active, in the order in which they were entered.
+    /// The atomic states that are active, in the order in which they became so.
     const std::vector<std::shared_ptr<AbstractState>>& activeStates() const { return m_active; }
 
     /// An atomic state is active when it is in the list, any other when one of its descendants is.
@@ -69,15 +72,18 @@ private:
     void execute(const Transition& transition);
     void exitFrom(const Transition& transition);
     void removeActive(const AbstractState& state);
-    void enter(const std::shared_ptr<AbstractState>& state);
-    void enterSubstates(const AbstractState& state);
+    /// @param firstEntering where the states that this entering has on its way begin in m_entering
+    void enter(const std::shared_ptr<AbstractState>& state, std::size_t firstEntering);
+    void enterSubstates(const AbstractState& state, std::size_t firstEntering);
     void run(const std::vector<LinkedStatements>& actions, ActorCode::Kind kind, const AbstractState* state,
              const Transition* transition);
 
     const std::shared_ptr<const StateChart> m_chart;
     std::vector<std::shared_ptr<AbstractState>> m_active;
     DispatchLists m_lists;
-    std::vector<const Transition*> m_pending; // a stack that all transitions in progress share
+    std::vector<const Transition*> m_pending;     // a stack that all transitions in progress share
+    std::vector<const AbstractState*> m_entering; // a stack, likewise: those that are being entered
+    std::uint64_t m_removals = 0;                 // from m_active: how often there were any
     AbstractActorObserver* m_observer = nullptr;
 };
 

@@ -41,8 +41,9 @@ public:
     /// Before the first state is left. A transition whose source was left before is not taken.
     virtual void transitionTaken(const Transition& transition);
 
-    /// Before a condition, an action or a wake time runs. When an exception leaves the actor, the code that
-    /// began last raised it.
+    /// Before a condition, an action or a wake time runs. When an exception of a device's code leaves the
+    /// actor, the code that began last raised it; the actor's own operations, such as stateEntered(), may
+    /// raise others.
     virtual void codeBegins(const ActorCode& code);
 
     virtual void conditionTested(const Transition& transition, std::size_t index, bool holds);

@@ -20,6 +20,8 @@ public:
     AbstractEvent& operator=(const AbstractEvent&) = default;
     virtual ~AbstractEvent();
 
+    /// One of Type, or a number of a derived class's own. An event whose number is wakeRequested must be a
+    /// WakeRequestedEvent.
     virtual int type() const = 0;
 };
 

@@ -5,7 +5,8 @@
 #include "statechart/runtime/transition.h"
 
 /// A state of a linked chart. States belong to their StateChart: they refer to each other in circles, which
-/// the chart undoes in the end. Nothing in a state changes while a chart runs.
+/// the chart undoes in the end. While a chart runs nothing in a state
+/// changes but the variables of its actions.
 class HALVWIDGETS_EXPORT AbstractState : public std::enable_shared_from_this<AbstractState>
 {
 public:
@@ -22,6 +23,7 @@ public:
     AbstractState& operator=(const AbstractState&) = delete;
     virtual ~AbstractState();
 
+    /// One of Type.
     virtual int type() const = 0;
 
     const std::string identifier; ///< empty for the one that a chart begins in
@@ -36,7 +38,7 @@ public:
     /// Whether `other` is a state around this one. Takes steps as the logarithm of the depth.
     bool isProperDescendantOf(const AbstractState& other) const;
 
-    /// Lets go of all other states.
+    /// Lets go of the states around it and of those that its transitions refer to.
     void detach();
 
 private:

@@ -1,5 +1,7 @@
 // Which transitions an event takes, and in which order they are tried.
 
+#include "statechart/runtime/atomicstate.h"
+#include "statechart/runtime/compoundstate.h"
 #include "statechart/runtime/initialisationevent.h"
 #include "traceactor.h"
 
@@ -37,6 +39,69 @@ TEST(Dispatch, IgnoresAnEventThatTriggersNothing)
     actor.begin();
     EXPECT_THAT(actor.send("other"), IsEmpty());
     EXPECT_THAT(actor.active(), ElementsAre("a"));
+}
+
+/// Its conditions may dispatch an event of their own.
+class ReenteringActor : public TraceActor
+{
+public:
+    using TraceActor::TraceActor;
+
+    bool isPinHigh(const std::string& pin) override
+    {
+        calls.push_back("asked for " + pin);
+        if (pin == "reenter")
+            dispatch(NamedEvent("leave"));
+        return false;
+    }
+};
+
+TEST(Dispatch, TriesNoStateThatAConditionHasLeft)
+{
+    ReenteringActor actor(linkedDevice("p", R"~(
+        "p": {"type": "parallel", "transitions": {"t": {"target": "end", "order": 0, "event": "leave"}}, "substates": {
+            "r1": {"type": "atomic", "transitions": {"t1": {"target": "r1", "order": 0, "event": "go",
+                "conditions": "isPinHigh(\"reenter\")"
+}
+}
+}
+, "r2":
+{
+    "type" : "atomic", "transitions":
+    {
+        "t2":
+        {
+            "target" : "r2", "order" : 0, "event" : "go", "conditions" : "isPinHigh(\"x\")"
+        }
+    }
+}
+}
+},
+        "end": {"type": "atomic"})~"));
+    actor.begin();
+const Trace trace = actor.send("go");
+EXPECT_THAT(trace, testing::Contains("asked for reenter"));
+// Of two equally deep states either may be tried first: here the one that came first.
+EXPECT_THAT(trace, testing::Not(testing::Contains("asked for x")));
+EXPECT_THAT(actor.active(), ElementsAre("end"));
+}
+
+TEST(Dispatch, EntersNoStateTwiceOnOneWay)
+{
+    auto chart = std::make_shared<DigitalDeviceStateChart>();
+    const auto circle = std::make_shared<CompoundState>("circle", nullptr);
+    circle->initialSubstate = circle;
+    const auto first = std::make_shared<AtomicState>("", nullptr);
+    Transition start;
+    start.source = first;
+    start.target = circle;
+    start.event = "init";
+    first->transitions.push_back(std::move(start));
+    chart->initialState = first;
+    chart->states = {circle};
+    TraceActor actor(chart);
+    EXPECT_THAT(actor.begin(), ElementsAre("exit ", "enter circle"));
+    circle->initialSubstate.reset();
 }
 
 TEST(Dispatch, TriggersInitByTheInitialisationAlone)

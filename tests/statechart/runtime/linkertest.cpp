@@ -112,6 +112,17 @@ TEST(Linker, FindsTheNestedOneOfTwoStatesWithOneIdentifierWhenItIsLinkedFirst)
     EXPECT_EQ(transition.target->parent, actor.chart().states[0]);
 }
 
+TEST(Linker, GivesTheNestedOneOfTwoStatesWithOneIdentifierTheTransitionsOfBoth)
+{
+    const Chart chart = linkedDevice("a", R"(
+        "a": {"type": "compound", "initial": "b", "substates": {"b": {"type": "atomic"}}},
+        "b": {"type": "atomic", "transitions": {"t": {"target": "a", "order": 0, "event": "go"}}})");
+    const auto nested = static_cast<const CompoundState&>(*chart->states.front()).initialSubstate;
+    ASSERT_EQ(nested->transitions.size(), 1u);
+    EXPECT_EQ(nested->transitions.front().source, nested);
+    EXPECT_THAT(chart->states[1]->transitions, testing::IsEmpty());
+}
+
 TEST(Linker, FindsANestedStateBeforeTheStateAroundItOfTheSameIdentifier)
 {
     const Chart chart = linkedDevice("a", R"(
@@ -184,6 +195,11 @@ TEST(Linker, SaysWhatIsWrongWithACompiledChart)
              oneState,
              R"("t": {"src": "a", "tgt": "a", "order": 1, "local": true, "conditions": [{"rule": "nope"}]})"),
          "unable to link expression object"},
+        {compiledWith(oneState,
+                      R"("t": {"src": "a", "tgt": "a", "order": 1, "local": true, "conditions": [1]})"),
+         "type mismatch: expected 'bool', actual 'int'"},
+        {compiledWith(oneState, R"("t": {"src": "a", "tgt": "a", "order": 1, "local": true, "wakeTime": 1})"),
+         "type mismatch: expected 'double', actual 'int'"},
         {compiledWith(
              oneState,
              R"("t": {"src": "a", "tgt": "a", "order": 1, "local": true, "wakeTime": {"rule": "nope"}})"),
