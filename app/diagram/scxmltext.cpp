@@ -143,9 +143,12 @@ private:
         return wakes;
     }
 
-    static std::string wakeEvent(const ChartOutline::Transition& transition)
+    /// A name of one word: events are listed with blanks between.
+    std::string wakeEvent(const ChartOutline::Transition& transition) const
     {
-        return "wake." + transition.identifier;
+        return "wake." + (isXmlName(transition.identifier)
+                              ? transition.identifier
+                              : std::to_string(&transition - m_chart.transitions.data()) + ".");
     }
 
     void writeEntry(std::size_t index, int depth)
