@@ -91,9 +91,9 @@ private:
             const std::string& identifier = m_chart.states[index].identifier;
             std::string name = identifier;
             if (!isXmlName(identifier) || taken.contains(identifier)) {
-                do
-                    name = "state." + std::to_string(index) + (taken.contains(name) ? "." : "");
-                while (taken.contains(name));
+                name = "state." + std::to_string(index);
+                while (taken.contains(name))
+                    name += '.';
                 unsaid("the name of state '" + m_chart.states[index].path + "', which is '" + name +
                        "' there");
             }
