@@ -58,6 +58,8 @@ std::optional<ChartUsage> readUsage(const std::string& argument)
 
 int diagram(const Arguments& arguments)
 {
+    if (arguments.definition == "-" && arguments.coverage == "-")
+        throw UsageError("standard input (-) is given more than once");
     const std::string name = shownInputName(arguments.definition);
     const DeviceTexts texts = readDeviceInput(arguments.definition);
     if (!texts.definition)

@@ -93,7 +93,7 @@ private:
             if (!isXmlName(identifier) || taken.contains(identifier)) {
                 name = "state." + std::to_string(index);
                 while (taken.contains(name))
-                    name += '.';
+                    name += '_';
                 unsaid("the name of state '" + m_chart.states[index].path + "', which is '" + name +
                        "' there");
             }
@@ -143,12 +143,13 @@ private:
         return wakes;
     }
 
-    /// A name of one word: events are listed with blanks between.
+    /// An event's name is words with points between, and blanks are between events.
     std::string wakeEvent(const ChartOutline::Transition& transition) const
     {
-        return "wake." + (isXmlName(transition.identifier)
-                              ? transition.identifier
-                              : std::to_string(&transition - m_chart.transitions.data()) + ".");
+        const std::string& identifier = transition.identifier;
+        if (isXmlName(identifier) && identifier.find('.') == std::string::npos)
+            return "wake." + identifier;
+        return "wake-" + std::to_string(&transition - m_chart.transitions.data());
     }
 
     void writeEntry(std::size_t index, int depth)

@@ -161,8 +161,8 @@ TEST(ScxmlText, GivesStatesNamesThatXmlTakesAndNoneTwice)
 TEST(ScxmlText, FindsANameWhereItsOwnAreTakenToo)
 {
     const DiagramText result = written(scxmlText, R"json(
-        "state.2.": {"type": "atomic"}, "state.2": {"type": "atomic"}, "b c": {"type": "atomic"})json");
-    EXPECT_THAT(result.text, HasSubstr("<state id=\"state.2..\">"));
+        "state.2_": {"type": "atomic"}, "state.2": {"type": "atomic"}, "b c": {"type": "atomic"})json");
+    EXPECT_THAT(result.text, HasSubstr("<state id=\"state.2__\">"));
 }
 
 TEST(ScxmlText, SendsAWakeWhenItsStateIsEnteredAndCancelsItWhenThatIsLeft)
@@ -173,7 +173,7 @@ TEST(ScxmlText, SendsAWakeWhenItsStateIsEnteredAndCancelsItWhenThatIsLeft)
     EXPECT_THAT(result.text, HasSubstr("<send event=\"wake.w\" id=\"wake.w\" delay=\"2e-09s\"/>"));
     EXPECT_THAT(result.text, HasSubstr("<cancel sendid=\"wake.w\"/>"));
     EXPECT_THAT(result.text, HasSubstr("<transition event=\"wake.w\" device:id=\"w\" target=\"a\"/>"));
-    EXPECT_THAT(result.text, HasSubstr("<send event=\"wake.1.\" id=\"wake.1.\" device:delayexpr=\"f()\"/>"));
+    EXPECT_THAT(result.text, HasSubstr("<send event=\"wake-1\" id=\"wake-1\" device:delayexpr=\"f()\"/>"));
     EXPECT_THAT(result.text, Not(HasSubstr("wake.two words")));
     EXPECT_THAT(result.unsaid,
                 ElementsAre("the time of a wake, kept as an attribute that others do not read: f() "
