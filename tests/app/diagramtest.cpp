@@ -173,6 +173,20 @@ TEST_F(Diagram, RefusesWhatItCannotShow)
     EXPECT_EQ(run({"diagram", "missing.json"}).error, "halvorin: the file does not exist: 'missing.json'\n");
 }
 
+TEST_F(Diagram, ShowsBytesThatAreNoCharactersAsSuch)
+{
+    folder.write("bytes.json", "{\"states\": {\"a\xff\": {\"type\": \"atomic\", \"onEntry\": "
+                               "\"print(\\\"\xc3\xef\xbf\xbe\\\");\"}}, \"start\": \"a\xff\", "
+                               "\"outputs\": {}, \"outputDelay\": \"1n\"}");
+    const ProcessResult picture = run({"diagram", "bytes.json"});
+    EXPECT_EQ(picture.exitCode, 0);
+    EXPECT_EQ(picture.error, "bytes.json: svg does not say: bytes that are no characters of UTF-8\n");
+    EXPECT_THAT(picture.output, HasSubstr("a\xef\xbf\xbd"));
+    ProcessOptions options;
+    options.input = diagram("bytes.json", "scxml");
+    EXPECT_EQ(runProcess({"xmllint", "--noout", "-"}, options).exitCode, 0);
+}
+
 TEST_F(Diagram, TellsOfWrongUsage)
 {
     EXPECT_EQ(run({"diagram"}).exitCode, 2);
