@@ -251,6 +251,49 @@ TEST_F(Run, EndsWithAClearErrorForDamagedCompiledDevices)
     }
 }
 
+TEST_F(Run, EndsWithAClearErrorForCompiledDevicesThatNoCompilerWrites)
+{
+    struct Hostile
+    {
+        const char* states;
+        const char* transitions;
+        const char* terminals; ///< inputs, outputs, variables and parameters
+        const char* error;
+    };
+    constexpr auto oneState = R"({"a": {"type": "atomic", "ntrans": 2147483647}})";
+    constexpr auto noTerminals = R"("inputPins": {}, "inputBuses": {}, "outputPins": {}, "outputBuses": {},
+                                    "variables": {}, "parameters": {})";
+    const Hostile devices[] = {
+        {"{}", "{}", noTerminals, "starting state not found"},
+        {oneState, R"({"t": {"src": "a", "tgt": "b", "order": 0, "local": false}})", noTerminals,
+         "invalid unordered_map<K, T> key"},
+        {oneState, R"({"t": {"src": "a", "tgt": "a", "order": 0, "local": false}})", noTerminals,
+         "at 0: a chain of transitions does not end: more than 10000 in one event, at transition 't' of "
+         "state 'a'"},
+        {oneState, "{}",
+         R"("inputPins": {"x": {"type": "pin"}}, "inputBuses": {}, "outputBuses": {}, "variables": {},
+                            "outputPins": {"x": {"type": "pin", "initial": 1}}, "parameters": {})",
+         "the device has two pins or buses 'x'"},
+        {oneState, "{}", R"("inputBuses": {"x": {"type": "bus", "width": 65, "dataType": 1, "encoding": 3}},
+                            "inputPins": {}, "outputBuses": {}, "variables": {}, "outputPins": {}, "parameters": {})",
+         "bus 'x' is 65 wide: a simulation takes buses of 1 to 64 lines"},
+        {oneState, "{}", R"("inputPins": {}, "inputBuses": {}, "outputPins": {}, "outputBuses": {},
+                            "variables": {}, "parameters": {"P": {"type": 9, "value": "1"}})",
+         "invalid parameter type"},
+    };
+    for (const Hostile& device : devices) {
+        std::string text = R"({"nstates": 2147483647, "start": "a", "states": )";
+        text.append(device.states).append(R"(, "transitions": )").append(device.transitions);
+        text.append(", ").append(device.terminals).append("}");
+        folder.write("h.json", text);
+        const ProcessResult result =
+            run({"run", "h.json", "--until", "1", "--vcd", "w.vcd"}, inTemporaryFolder);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_THAT(result.error, EndsWith(std::string("h.json: ") + device.error + "\n"));
+        EXPECT_LT(result.peakMemory, std::size_t{1} << 30);
+    }
+}
+
 struct Misuse
 {
     std::vector<std::string> arguments;
