@@ -115,6 +115,8 @@ private:
     std::unique_ptr<Simulation> simulationOf(const NamedText& stimulus)
     {
         auto chart = link();
+        // What the command line gives is no fault of the stimulus.
+        named(m_inputs.device, [&] { return ParameterTable(*chart, m_inputs.parameters); });
         return named(stimulus.name.empty() ? m_inputs.device : stimulus.name, [&] {
             return std::make_unique<Simulation>(std::move(chart), m_order, setupOf(stimulus), m_listeners);
         });

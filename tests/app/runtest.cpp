@@ -231,7 +231,7 @@ TEST_F(Run, NamesTheFileOfAnErrorInIt)
     EXPECT_EQ(run({"run", "d.json"}).error,
               "halvorin: d.json: nothing says when the run is to end: give --until, "
               "or \"until\" in the stimulus\n");
-    EXPECT_EQ(run({"run", "d.json", "--until", "1", "--param", "X=1"}).error,
+    EXPECT_EQ(run({"run", "d.json", "--stimulus", "s.json", "--param", "X=1"}).error,
               "halvorin: d.json: the device has no parameter 'X'\n");
 }
 
