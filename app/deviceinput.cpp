@@ -25,18 +25,25 @@ bool isBundle(std::string_view text)
     return text.starts_with("PK"); // as every zip file begins
 }
 
+DeviceTexts textsOfBundle(const std::string& path)
+{
+    DeviceBundleContent content = unbundleDevice(path);
+    if (!content.definition && !content.compiled)
+        throw std::runtime_error("the bundle holds neither a definition nor a compiled device");
+    return {std::move(content.definition), std::move(content.compiled)};
+}
+
 } // namespace
 
 DeviceTexts readDeviceInput(const std::string& argument)
 {
     const InputPath input(argument, definitionSizeLimit);
     std::string text = textOf(input);
-    if (!isBundle(text))
-        return deviceTextsOf(std::move(text));
-    DeviceBundleContent content = unbundleDevice(input.path());
-    if (!content.definition && !content.compiled)
-        throw std::runtime_error("'" + argument + "' holds neither a definition nor a compiled device");
-    return {std::move(content.definition), std::move(content.compiled)};
+    try {
+        return isBundle(text) ? textsOfBundle(input.path()) : deviceTextsOf(std::move(text));
+    } catch (const std::exception& error) {
+        throw std::runtime_error(shownInputName(argument) + ": " + error.what());
+    }
 }
 
 std::string readTextInput(const std::string& argument)

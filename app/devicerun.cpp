@@ -47,13 +47,27 @@ std::string scopeName(const std::string& device)
     return name.substr(0, std::max<std::size_t>(1, name.find('.')));
 }
 
+/// Calls a function whose errors are those of the file of this name.
+template <class Function>
+auto named(const std::string& name, Function function)
+{
+    try {
+        return function();
+    } catch (const DefinitionHasErrors&) {
+        throw; // it is told of finding by finding
+    } catch (const std::exception& error) {
+        throw std::runtime_error(name + ": " + error.what());
+    }
+}
+
 /// All runs of a device, and what is seen of them.
 class DeviceRun
 {
 public:
     DeviceRun(const RunInputs& inputs, const RunReports& reports, double timeLimit)
         : m_inputs(inputs), m_reports(reports), m_timeLimit(timeLimit),
-          m_compiled(compiledDeviceOf(inputs.texts)), m_order(m_compiled),
+          m_compiled(named(inputs.device, [&] { return compiledDeviceOf(inputs.texts); })),
+          m_order(named(inputs.device, [&] { return DeviceOrder(m_compiled); })),
           m_resolution(TimeResolution::fromText(inputs.resolution)), m_trace(&RunOutput::print)
     {
         m_listeners.push_back(&m_print);
@@ -84,11 +98,9 @@ public:
 private:
     std::shared_ptr<const DigitalDeviceStateChart> link() const
     {
-        try {
+        return named(m_inputs.device, [&] {
             return linkDeviceStateChart(m_compiled, DDCodeBuilderFactory::createCodeBuilder());
-        } catch (const std::exception& error) {
-            throw std::runtime_error(m_inputs.device + ": " + error.what());
-        }
+        });
     }
 
     SimulationSetup setupOf(const NamedText& stimulus) const
@@ -96,8 +108,7 @@ private:
         SimulationSetup setup;
         setup.resolution = m_resolution;
         setup.parameters = m_inputs.parameters;
-        if (m_inputs.until)
-            setup.until = m_resolution.ticks(parseEngineeringNumber(*m_inputs.until), "--until");
+        setup.until = untilOf(m_inputs);
         if (!stimulus.name.empty())
             setup.stimulus = readStimulus(stimulus.text, m_resolution);
         return setup;
@@ -105,12 +116,12 @@ private:
 
     std::unique_ptr<Simulation> simulationOf(const NamedText& stimulus)
     {
-        try {
-            return std::make_unique<Simulation>(link(), m_order, setupOf(stimulus), m_listeners);
-        } catch (const std::exception& error) {
-            throw std::runtime_error((stimulus.name.empty() ? m_inputs.device : stimulus.name) + ": " +
-                                     error.what());
-        }
+        auto chart = link();
+        // What the command line gives is no fault of the stimulus.
+        named(m_inputs.device, [&] { return ParameterTable(*chart, m_inputs.parameters); });
+        return named(stimulus.name.empty() ? m_inputs.device : stimulus.name, [&] {
+            return std::make_unique<Simulation>(std::move(chart), m_order, setupOf(stimulus), m_listeners);
+        });
     }
 
     void runOnce(const NamedText& stimulus)
@@ -150,10 +161,9 @@ private:
         m_files.add(*m_reports.dump, *m_dumpText);
         if (!m_reports.viewerFile)
             return;
-        std::filesystem::path path(*m_reports.dump);
-        const std::string dumpName = path.filename().native();
-        path.replace_extension(".gtkw");
-        m_files.add(path.native(), gtkwaveSaveText(dumpName, scopeName(m_inputs.device), device));
+        const std::string dumpName = std::filesystem::path(*m_reports.dump).filename().native();
+        m_files.add(viewerFileOf(*m_reports.dump),
+                    gtkwaveSaveText(dumpName, scopeName(m_inputs.device), device));
     }
 
     void reportCoverage()
@@ -193,6 +203,23 @@ private:
 };
 
 } // namespace
+
+std::optional<Ticks> untilOf(const RunInputs& inputs)
+{
+    const TimeResolution resolution = TimeResolution::fromText(inputs.resolution);
+    if (!inputs.until)
+        return std::nullopt;
+    try {
+        return resolution.ticks(parseEngineeringNumber(*inputs.until), "it");
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error("--until '" + *inputs.until + "': " + error.what());
+    }
+}
+
+std::string viewerFileOf(const std::string& dump)
+{
+    return std::filesystem::path(dump).replace_extension(".gtkw").native();
+}
 
 int runDevice(const RunInputs& inputs, const RunReports& reports, double timeLimit)
 {

@@ -2,6 +2,7 @@
 #define DEVICERUN_H
 
 #include "reports/recording.h"
+#include "simulator/simulationtime.h"
 
 #include <optional>
 #include <string>
@@ -19,6 +20,13 @@ struct RunReports
 
     bool wantsCoverage() const { return coverage || lcov || leastCoverage; }
 };
+
+/// The end that the inputs give to a run beside the stimulus. @throws std::runtime_error for a time or a
+/// resolution that is none
+std::optional<Ticks> untilOf(const RunInputs& inputs);
+
+/// The path of the viewer's save file that goes with a dump.
+std::string viewerFileOf(const std::string& dump);
 
 /// Runs a device once for every stimulus, or once without, and writes the reports.
 /// @param timeLimit for one piece of the device's code, in seconds of wall time

@@ -8,6 +8,7 @@
 #include "subcommands.h"
 
 #include <CLI/CLI.hpp>
+#include <QString>
 #include <array>
 #include <memory>
 
@@ -56,8 +57,23 @@ std::optional<ChartUsage> readUsage(const std::string& argument)
     }
 }
 
+/// Names and actions may have any bytes; the tools take characters.
+void makeUnicode(DiagramText& diagram)
+{
+    QString text = QString::fromStdString(diagram.text);
+    for (const char16_t noCharacter : {u'\xfffe', u'\xffff'})
+        text.replace(QChar(noCharacter), QChar(QChar::ReplacementCharacter));
+    const std::string unicode = text.toStdString();
+    if (unicode == diagram.text)
+        return;
+    diagram.text = unicode;
+    diagram.unsaid.emplace_back("bytes that are no characters of UTF-8");
+}
+
 int diagram(const Arguments& arguments)
 {
+    if (arguments.definition == "-" && arguments.coverage == "-")
+        throw UsageError("standard input (-) is given more than once");
     const std::string name = shownInputName(arguments.definition);
     const DeviceTexts texts = readDeviceInput(arguments.definition);
     if (!texts.definition)
@@ -71,7 +87,8 @@ int diagram(const Arguments& arguments)
     const ChartOutline chart(readJsonText(*texts.definition).asObject());
     const std::optional<ChartUsage> usage = readUsage(arguments.coverage);
     const Language& language = *std::ranges::find(languages, arguments.language, &Language::name);
-    const DiagramText result = language.write({chart, usage ? &*usage : nullptr});
+    DiagramText result = language.write({chart, usage ? &*usage : nullptr});
+    makeUnicode(result);
     const std::string text = language.finish != nullptr ? language.finish(result.text) : result.text;
     if (arguments.output == "-")
         StandardStreams::print(text);

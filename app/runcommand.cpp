@@ -1,10 +1,14 @@
 #include "deviceinput.h"
 #include "devicerun.h"
 #include "exitcode.h"
+#include "simulator/variablevalue.h"
 #include "subcommands.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
 #include <memory>
+#include <set>
 
 namespace {
 
@@ -16,7 +20,8 @@ struct Arguments
     std::string until;
     std::string resolution;
     std::string replay;
-    double timeLimit = 10;
+    std::string timeLimit = "10";
+    std::string leastCoverage;
     RunReports reports;
 };
 
@@ -40,6 +45,47 @@ std::pair<std::string, std::string> parameterOf(const std::string& argument)
     if (equals == std::string::npos || equals == 0)
         throw UsageError("--param: not of the form NAME=VALUE: '" + argument + "'");
     return {argument.substr(0, equals), argument.substr(equals + 1)};
+}
+
+/// A number of the command line, which the locale has no say in.
+double numberOf(const std::string& option, const std::string& text, double least, double most)
+{
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || !(number >= least && number <= most))
+        throw UsageError(option + ": '" + text + "' is no number from " + textOf(DeviceVariableValue(least)) +
+                         " to " + textOf(DeviceVariableValue(most)));
+    return number;
+}
+
+void checkTimes(const RunInputs& inputs)
+{
+    try {
+        untilOf(inputs);
+    } catch (const std::runtime_error& error) {
+        throw UsageError(error.what());
+    }
+}
+
+/// Standard input can be read once.
+void checkStandardInput(const Arguments& arguments)
+{
+    const auto count = std::ranges::count(arguments.stimuli, "-") + (arguments.device == "-" ? 1 : 0);
+    if (count > 1)
+        throw UsageError("standard input (-) is given more than once");
+}
+
+/// Files of one name would overwrite each other.
+void checkOutputs(const RunReports& reports)
+{
+    if (reports.viewerFile && (!reports.dump || *reports.dump == "-"))
+        throw UsageError("--gtkw goes with --vcd FILE");
+    std::set<std::string> paths;
+    if (reports.viewerFile)
+        paths.insert(viewerFileOf(*reports.dump));
+    for (const auto* const path : {&reports.dump, &reports.coverage, &reports.lcov, &reports.recording})
+        if (*path && **path != "-" && !paths.insert(**path).second)
+            throw UsageError("two files to write are called '" + **path + "'");
 }
 
 /// What a recording has already must not be given beside it.
@@ -74,18 +120,22 @@ RunInputs inputsOf(const Arguments& arguments)
         inputs.until = arguments.until;
     if (!arguments.resolution.empty())
         inputs.resolution = arguments.resolution;
+    checkTimes(inputs);
     return inputs;
 }
 
 int run(const Arguments& arguments)
 {
-    const RunReports& reports = arguments.reports;
-    if (reports.viewerFile && (!reports.dump || *reports.dump == "-"))
-        throw UsageError("--gtkw goes with --vcd FILE");
+    RunReports reports = arguments.reports;
+    if (!arguments.leastCoverage.empty())
+        reports.leastCoverage = numberOf("--fail-under", arguments.leastCoverage, 0, 100);
+    checkStandardInput(arguments);
+    checkOutputs(reports);
+    const double timeLimit = numberOf("--time-limit", arguments.timeLimit, 0.001, 1e6);
     const RunInputs inputs = inputsOf(arguments);
     if (reports.dump && inputs.stimuli.size() > 1)
         throw UsageError("--vcd takes one run: give one --stimulus");
-    return runDevice(inputs, reports, arguments.timeLimit);
+    return runDevice(inputs, reports, timeLimit);
 }
 
 } // namespace
@@ -110,9 +160,8 @@ void addRunCommand(CLI::App& application, Action& action)
         ->type_name("TIME");
     command
         ->add_option("--time-limit", arguments->timeLimit,
-                     "Seconds that one action of the device may take [10]")
-        ->type_name("SECONDS")
-        ->check(CLI::Range(0.001, 1e6));
+                     "Seconds that one action of the device may take, from 0.001 to a million [10]")
+        ->type_name("SECONDS");
     command->add_flag("--trace", reports.trace, "Print what happens, a line each, with its time");
     command->add_option("--vcd", reports.dump, "Write waveforms as a value change dump")->type_name("FILE");
     command->add_flag("--gtkw", reports.viewerFile,
@@ -121,10 +170,9 @@ void addRunCommand(CLI::App& application, Action& action)
         ->type_name("FILE");
     command->add_option("--lcov", reports.lcov, "Write the same as a tracefile of LCOV")->type_name("FILE");
     command
-        ->add_option("--fail-under", reports.leastCoverage,
+        ->add_option("--fail-under", arguments->leastCoverage,
                      "Fail when less was used of states, transitions and outcomes together")
-        ->type_name("PERCENT")
-        ->check(CLI::Range(0.0, 100.0));
+        ->type_name("PERCENT");
     command->add_option("--record", reports.recording, "Write all inputs of the run into one file")
         ->type_name("FILE");
     command->add_option("--replay", arguments->replay, "Repeat the run of a recording")->type_name("FILE");

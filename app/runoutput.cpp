@@ -3,6 +3,7 @@
 #include "standardstreams.h"
 
 #include <array>
+#include <csignal>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
@@ -15,10 +16,31 @@ namespace {
 std::array<char, 65536> buffer;
 volatile std::size_t used = 0;
 
+/// Keeps the time limit from ending the process half-way through a text, which would come out in part or
+/// twice. It strikes when this goes.
+class AlarmBlock
+{
+public:
+    AlarmBlock()
+    {
+        sigset_t alarm;
+        sigemptyset(&alarm);
+        sigaddset(&alarm, SIGALRM);
+        sigprocmask(SIG_BLOCK, &alarm, &m_former);
+    }
+    AlarmBlock(const AlarmBlock&) = delete;
+    AlarmBlock& operator=(const AlarmBlock&) = delete;
+    ~AlarmBlock() { sigprocmask(SIG_SETMASK, &m_former, nullptr); }
+
+private:
+    sigset_t m_former;
+};
+
 } // namespace
 
 void flush()
 {
+    const AlarmBlock block;
     StandardStreams::print({buffer.data(), used});
     std::fflush(stdout); // a failure shows when the stream is finished
     used = 0;
@@ -30,6 +52,7 @@ void print(std::string_view text)
     if (text.size() > buffer.size() - used)
         flush();
     if (text.size() > buffer.size()) {
+        const AlarmBlock block;
         StandardStreams::print(text);
         std::fflush(stdout);
         return;

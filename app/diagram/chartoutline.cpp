@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -46,13 +47,22 @@ public:
         return indexes;
     }
 
-    void resolveTargets()
+    /// As when a chart is linked: the source of a transition, too, is found by its name.
+    void resolveTransitions()
     {
+        std::vector<std::size_t> counts(m_outline.states.size());
         for (ChartOutline::Transition& transition : m_outline.transitions) {
+            transition.source = m_names.at(m_outline.states[transition.source].identifier);
+            ++counts[transition.source];
             const auto found = m_names.find(transition.targetName);
             if (found != m_names.end())
                 transition.target = found->second;
         }
+        std::ranges::stable_sort(m_outline.transitions, {}, [](const ChartOutline::Transition& transition) {
+            return std::pair(transition.source, transition.order);
+        });
+        for (ChartOutline::Transition& transition : m_outline.transitions)
+            transition.isOneOfSeveral = counts[transition.source] > 1;
     }
 
 private:
@@ -68,9 +78,9 @@ private:
         state.onExit = textsIn(member.value, "onExit");
         m_outline.states.push_back(std::move(state));
 
-        addTransitions(member.value, index);
         if (m_outline.states[index].type != ChartOutline::Type::atomic)
             addSubstates(member.value, index);
+        addTransitions(member.value, index);
         m_names.emplace(member.key,
                         index); // behind those inside, whose names come first when a chart is linked
         return index;
@@ -93,7 +103,6 @@ private:
     {
         if (!definition.has("transitions"))
             return;
-        std::vector<ChartOutline::Transition> transitions;
         for (const auto& [identifier, value] : definition.member("transitions").asObject()) {
             ChartOutline::Transition transition;
             transition.identifier = identifier;
@@ -109,11 +118,6 @@ private:
             }
             transition.conditions = textsIn(value, "conditions");
             transition.actions = textsIn(value, "actions");
-            transitions.push_back(std::move(transition));
-        }
-        std::ranges::stable_sort(transitions, {}, &ChartOutline::Transition::order);
-        for (ChartOutline::Transition& transition : transitions) {
-            transition.isOneOfSeveral = transitions.size() > 1;
             m_outline.transitions.push_back(std::move(transition));
         }
     }
@@ -145,7 +149,7 @@ ChartOutline::ChartOutline(const JsonObject& definition)
 {
     OutlineBuilder builder(*this);
     topLevel = builder.addStates(definition.at("states"), std::nullopt);
-    builder.resolveTargets();
+    builder.resolveTransitions();
     const std::string& first = definition.at("start").asString();
     const auto found =
         std::ranges::find(topLevel, first, [&](std::size_t state) { return states[state].identifier; });

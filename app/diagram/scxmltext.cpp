@@ -91,9 +91,9 @@ private:
             const std::string& identifier = m_chart.states[index].identifier;
             std::string name = identifier;
             if (!isXmlName(identifier) || taken.contains(identifier)) {
-                do
-                    name = "state." + std::to_string(index) + (taken.contains(name) ? "." : "");
-                while (taken.contains(name));
+                name = "state." + std::to_string(index);
+                while (taken.contains(name))
+                    name += '_';
                 unsaid("the name of state '" + m_chart.states[index].path + "', which is '" + name +
                        "' there");
             }
@@ -143,9 +143,13 @@ private:
         return wakes;
     }
 
-    static std::string wakeEvent(const ChartOutline::Transition& transition)
+    /// An event's name is words with points between, and blanks are between events.
+    std::string wakeEvent(const ChartOutline::Transition& transition) const
     {
-        return "wake." + transition.identifier;
+        const std::string& identifier = transition.identifier;
+        if (isXmlName(identifier) && identifier.find('.') == std::string::npos)
+            return "wake." + identifier;
+        return "wake-" + std::to_string(&transition - m_chart.transitions.data());
     }
 
     void writeEntry(std::size_t index, int depth)

@@ -98,7 +98,10 @@ std::string timescaleOf(TimeResolution resolution)
 
 std::string dumpName(const std::string& name)
 {
-    return name.empty() ? "_" : escaped(name);
+    if (name.empty())
+        return "_";
+    // "$end" and the like are words of the file.
+    return name.front() == '$' ? "\\x24" + escaped(name.substr(1)) : escaped(name);
 }
 
 void ValueChangeDump::start(const SimulatedDevice& device)
@@ -118,7 +121,7 @@ std::size_t ValueChangeDump::declare(std::string_view kind, std::uint32_t width,
     const std::string code = codeOf(m_entries.size());
     m_output << "$var " << kind << " " << width << " " << code << " " << name << " $end\n";
     m_due.push_back(m_entries.size());
-    m_entries.push_back({code, std::move(value), true});
+    m_entries.push_back({code, std::move(value), {}, true});
     return m_entries.size() - 1;
 }
 
@@ -197,6 +200,11 @@ void ValueChangeDump::timeEnds(Ticks time)
 {
     if (std::exchange(m_statesChanged, false))
         updateLevels();
+    std::erase_if(m_due, [&](std::size_t index) {
+        Entry& entry = m_entries[index];
+        entry.isDue = entry.value != entry.written; // it may have changed and changed back
+        return !entry.isDue;
+    });
     if (m_due.empty())
         return;
     const bool isFirst = m_lastTime < 0;
@@ -205,6 +213,7 @@ void ValueChangeDump::timeEnds(Ticks time)
     for (const std::size_t index : m_due) {
         Entry& entry = m_entries[index];
         entry.isDue = false;
+        entry.written = entry.value;
         m_output << entry.value << entry.code << "\n";
     }
     m_due.clear();

@@ -31,12 +31,13 @@ public:
     void finish(Ticks time) override;
 
 private:
-    /// Something that has a value: its code in the file, its value in the words of the file, and whether it
-    /// is in m_due.
+    /// Something that has a value: its code in the file, its value in the words of the file, the value that
+    /// stands in the file, and whether it is in m_due.
     struct Entry
     {
         std::string code;
         std::string value;
+        std::string written;
         bool isDue;
     };
 

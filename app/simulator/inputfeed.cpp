@@ -32,7 +32,7 @@ InputFeed::InputFeed(const Stimulus& stimulus, const SignalTable& signals)
         at("clocks[" + std::to_string(m_clocks.size()) + "]", [&] {
             const std::size_t signal = signals.pin(clock.pin);
             requireInput(signals[signal]);
-            m_clocks.push_back({signal, clock, clock.start});
+            m_clocks.push_back({signal, clock.high, clock.period - clock.high, clock.start});
         });
     }
     for (const StimulusEntry& event : stimulus.events) {
@@ -50,23 +50,22 @@ Ticks InputFeed::nextTime() const
 {
     Ticks next = m_next < m_events.size() ? m_events[m_next].time : never;
     for (const Clock& clock : m_clocks)
-        next = std::min(next, clock.nextEdge());
+        next = std::min(next, clock.nextEdge);
     return next;
 }
 
 void InputFeed::advance(Clock& clock)
 {
     clock.isHigh = !clock.isHigh;
-    if (clock.isHigh)
-        clock.nextRise =
-            clock.nextRise > never - clock.timing.period ? never : clock.nextRise + clock.timing.period;
+    const Ticks span = clock.isHigh ? clock.high : clock.low;
+    clock.nextEdge = clock.nextEdge > never - span ? never : clock.nextEdge + span;
 }
 
 void InputFeed::take(std::vector<InputDrive>& drives)
 {
     const Ticks time = nextTime();
     for (Clock& clock : m_clocks) {
-        if (clock.nextEdge() != time)
+        if (clock.nextEdge != time)
             continue;
         advance(clock);
         drives.push_back({clock.signal, clock.isHigh ? std::uint64_t{1} : std::uint64_t{0}});

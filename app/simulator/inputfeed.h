@@ -35,11 +35,10 @@ private:
     struct Clock
     {
         std::size_t signal;
-        StimulusClock timing;
-        Ticks nextRise;
+        Ticks high; // for how long it is
+        Ticks low;
+        Ticks nextEdge;
         bool isHigh = false;
-
-        Ticks nextEdge() const { return isHigh ? nextRise - timing.period + timing.high : nextRise; }
     };
 
     struct Event

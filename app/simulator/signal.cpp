@@ -17,15 +17,12 @@ std::uint64_t Signal::mask() const
 BusValue Signal::value() const
 {
     const std::uint64_t signBit = std::uint64_t{1} << (width - 1);
-    switch (encoding) {
-    case BusEncoding::offsetBinary:
-        return static_cast<std::int64_t>(lines - signBit);
-    case BusEncoding::twosComplement: // the sign fills what is above the lines
-        return static_cast<std::int64_t>((lines ^ signBit) - signBit);
-    case BusEncoding::unsignedBinary:
-        break;
-    }
-    return dataType == BusDataType::int64 ? BusValue(static_cast<std::int64_t>(lines)) : BusValue(lines);
+    std::uint64_t number = lines;
+    if (encoding == BusEncoding::offsetBinary)
+        number = lines - signBit;
+    else if (encoding == BusEncoding::twosComplement) // the sign fills what is above the lines
+        number = (lines ^ signBit) - signBit;
+    return dataType == BusDataType::int64 ? BusValue(static_cast<std::int64_t>(number)) : BusValue(number);
 }
 
 std::uint64_t Signal::linesOf(const BusValue& number) const

@@ -22,8 +22,7 @@ void SignalTable::addPin(const std::string& name, bool isInput, bool isHigh)
     signal.name = name;
     signal.isInput = isInput;
     signal.lines = isHigh ? 1 : 0;
-    m_indexes.emplace(name, m_signals.size());
-    m_signals.push_back(std::move(signal));
+    add(std::move(signal));
 }
 
 void SignalTable::addBus(const std::string& name, const AbstractBusDefinition& definition, bool isInput,
@@ -40,7 +39,13 @@ void SignalTable::addBus(const std::string& name, const AbstractBusDefinition& d
     signal.dataType = definition.dataType;
     signal.encoding = definition.encoding;
     signal.lines = signal.linesOf(value);
-    m_indexes.emplace(name, m_signals.size());
+    add(std::move(signal));
+}
+
+void SignalTable::add(Signal signal)
+{
+    if (!m_indexes.emplace(signal.name, m_signals.size()).second)
+        throw std::runtime_error("the device has two pins or buses '" + signal.name + "'");
     m_signals.push_back(std::move(signal));
 }
 

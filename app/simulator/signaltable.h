@@ -15,7 +15,7 @@
 class SignalTable
 {
 public:
-    /// @throws std::runtime_error for a bus that is wider than values are
+    /// @throws std::runtime_error for a bus that is wider than values are, and for a name that stands twice
     SignalTable(const DigitalDeviceStateChart& chart, const DeviceOrder& order);
 
     /// Inputs first, pins first, each in the order of the device.
@@ -32,6 +32,7 @@ private:
     void addBus(const std::string& name, const AbstractBusDefinition& definition, bool isInput,
                 const BusValue& value);
     void addPin(const std::string& name, bool isInput, bool isHigh);
+    void add(Signal signal);
     std::size_t find(const std::string& name, Signal::Kind kind) const;
 
     std::vector<Signal> m_signals;

@@ -12,6 +12,16 @@ namespace {
 constexpr int finest = -15;
 constexpr std::string_view suffixes = "fpnum"; // 1e-15, 1e-12 and so on
 
+/// 0 for what is no number.
+double secondsOf(std::string_view text)
+{
+    try {
+        return parseEngineeringNumber(text);
+    } catch (const std::runtime_error&) {
+        return 0;
+    }
+}
+
 } // namespace
 
 TimeResolution::TimeResolution(int exponent)
@@ -20,7 +30,7 @@ TimeResolution::TimeResolution(int exponent)
 
 TimeResolution TimeResolution::fromText(std::string_view text)
 {
-    const double seconds = parseEngineeringNumber(text);
+    const double seconds = secondsOf(text);
     for (int exponent = finest; exponent <= 0; ++exponent) {
         const TimeResolution resolution(exponent);
         if (std::abs(seconds * resolution.m_ticksPerSecond - 1) < 1e-9)

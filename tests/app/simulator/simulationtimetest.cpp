@@ -60,7 +60,8 @@ TEST(SimulationTime, HasAResolutionThatIsAPowerOfTen)
         EXPECT_EQ(refusalOf([&] { TimeResolution::fromText(text); }),
                   std::string("the resolution must be a power of ten from 1f to 1 second, not '") + text +
                       "'");
-    EXPECT_EQ(refusalOf([] { TimeResolution::fromText("fast"); }), "invalid format for number conversion");
+    EXPECT_EQ(refusalOf([] { TimeResolution::fromText("fast"); }),
+              "the resolution must be a power of ten from 1f to 1 second, not 'fast'");
 }
 
 TEST(SimulationTime, RefusesWhatIsNoTime)
