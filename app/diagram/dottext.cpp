@@ -1,34 +1,11 @@
 #include "diagram/diagramtext.h"
+#include "diagram/escapes.h"
 
 namespace {
 
-/// Text inside of a label that is written like HTML.
 std::string escaped(std::string_view text)
 {
-    std::string result;
-    for (const char character : text) {
-        switch (character) {
-        case '&':
-            result += "&amp;";
-            break;
-        case '<':
-            result += "&lt;";
-            break;
-        case '>':
-            result += "&gt;";
-            break;
-        case '"':
-            result += "&quot;";
-            break;
-        case '\n':
-            result += "<br align=\"left\"/>";
-            break;
-        default:
-            // XML takes no other control characters.
-            result += static_cast<unsigned char>(character) < 0x20 ? ' ' : character;
-        }
-    }
-    return result;
+    return xmlEscaped(text, "<br align=\"left\"/>");
 }
 
 struct Look

@@ -1,22 +1,15 @@
 #include "diagram/diagramtext.h"
+#include "diagram/escapes.h"
 
 #include <algorithm>
 
 namespace {
 
-/// Text of a label: what has a meaning of its own there is written as a character code.
+constexpr LabelEscapes escapes{"#;:\"<>{}[]()%&\\`", "#", "<br>", "#32;"};
+
 std::string escaped(std::string_view text)
 {
-    std::string result;
-    for (const char character : text) {
-        if (std::string_view("#;:\"<>{}[]()%&\\`").find(character) != std::string_view::npos)
-            result += "#" + std::to_string(static_cast<unsigned char>(character)) + ";";
-        else if (character == '\n')
-            result += "<br>";
-        else
-            result += static_cast<unsigned char>(character) < 0x20 ? ' ' : character;
-    }
-    return result.empty() ? "#32;" : result;
+    return labelEscaped(text, escapes);
 }
 
 class MermaidWriter

@@ -1,20 +1,13 @@
 #include "diagram/diagramtext.h"
+#include "diagram/escapes.h"
 
 namespace {
 
-/// Text of a label: what has a meaning of its own there is written as a character code.
+constexpr LabelEscapes escapes{"\\\"<>*_~-/&{}[]#|", "&#", "\\n", " "};
+
 std::string escaped(std::string_view text)
 {
-    std::string result;
-    for (const char character : text) {
-        if (std::string_view("\\\"<>*_~-/&{}[]#|").find(character) != std::string_view::npos)
-            result += "&#" + std::to_string(static_cast<unsigned char>(character)) + ";";
-        else if (character == '\n')
-            result += "\\n";
-        else
-            result += static_cast<unsigned char>(character) < 0x20 ? ' ' : character;
-    }
-    return result.empty() ? " " : result;
+    return labelEscaped(text, escapes);
 }
 
 class PlantUmlWriter

@@ -1,4 +1,5 @@
 #include "diagram/diagramtext.h"
+#include "diagram/escapes.h"
 #include "simulator/variablevalue.h"
 #include "statechart/text/engineeringnumber.h"
 
@@ -9,34 +10,7 @@ namespace {
 
 std::string escaped(std::string_view text)
 {
-    std::string result;
-    for (const char character : text) {
-        switch (character) {
-        case '&':
-            result += "&amp;";
-            break;
-        case '<':
-            result += "&lt;";
-            break;
-        case '>':
-            result += "&gt;";
-            break;
-        case '"':
-            result += "&quot;";
-            break;
-        default: {
-            const auto byte = static_cast<unsigned char>(character);
-            const bool isAllowed =
-                byte >= 0x20 || character == '\t' || character == '\n' || character == '\r';
-            // Blanks other than spaces would become spaces in an attribute.
-            if (byte < 0x20 && isAllowed)
-                result += "&#" + std::to_string(byte) + ";";
-            else
-                result += isAllowed ? character : '?';
-        }
-        }
-    }
-    return result;
+    return xmlEscaped(text, "&#10;");
 }
 
 std::string attribute(const std::string& name, const std::string& value)
