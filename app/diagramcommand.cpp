@@ -40,6 +40,7 @@ struct Arguments
 std::vector<std::string> languageNames()
 {
     std::vector<std::string> names;
+    names.reserve(languages.size());
     for (const Language& language : languages)
         names.emplace_back(language.name);
     return names;
@@ -94,8 +95,9 @@ int diagram(const Arguments& arguments)
         StandardStreams::print(text);
     else
         Halvorin::System::writeWholeFile(arguments.output, text).value();
+    const std::string start = name + ": " + arguments.language + " does not say: ";
     for (const std::string& unsaid : result.unsaid)
-        StandardStreams::printErrorLine(name + ": " + arguments.language + " does not say: " + unsaid);
+        StandardStreams::printErrorLine(start + unsaid);
     return exitDone;
 }
 

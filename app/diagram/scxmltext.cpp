@@ -85,9 +85,10 @@ private:
 
     void writeActions(const std::vector<std::string>& actions, int depth, const std::string& where)
     {
+        const std::string place = " (" + where + ")";
         for (const std::string& action : actions) {
             line(depth, "<device:action>" + escaped(action) + "</device:action>");
-            unsaid("an action, kept as an element that others do not run: " + action + " (" + where + ")");
+            unsaid("an action, kept as an element that others do not run: " + action + place);
         }
     }
 

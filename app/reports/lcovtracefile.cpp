@@ -47,7 +47,8 @@ std::string branchLines(const Coverage& coverage, const Lines& lines)
     std::string result;
     for (const Coverage::Transition& transition : coverage.transitions) {
         for (std::size_t block = 0; block < transition.conditions.size(); ++block) {
-            const auto& [held, failed] = transition.conditions[block];
+            const std::uint64_t held = transition.conditions[block].held;
+            const std::uint64_t failed = transition.conditions[block].failed;
             const std::string start = "BRDA:" + std::to_string(lineOf(lines, transition.identifier)) + "," +
                                       std::to_string(block) + ",";
             // "-": the condition was never tried.

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <ostream>
-#include <ranges>
 #include <type_traits>
 #include <utility>
 
@@ -90,8 +89,9 @@ std::string timescaleOf(TimeResolution resolution)
 {
     static constexpr std::array<std::string_view, 6> units{"fs", "ps", "ns", "us", "ms", "s"};
     static constexpr std::array<std::string_view, 3> counts{"1 ", "10 ", "100 "};
-    const auto steps = static_cast<std::size_t>(resolution.exponent() + 15);
-    return std::string(counts[steps % 3]) + std::string(units[steps / 3]);
+    const int steps = resolution.exponent() + 15;
+    return std::string(counts[static_cast<std::size_t>(steps % 3)])
+        .append(units[static_cast<std::size_t>(steps / 3)]);
 }
 
 } // namespace
@@ -156,7 +156,7 @@ void ValueChangeDump::declareLevels()
     std::vector<const AbstractState*> scopes; // that are open
     for (const ActiveLevels::Level& level : m_levels.all()) {
         const std::vector<const AbstractState*> around = statesAround(level);
-        while (!std::ranges::equal(scopes, around | std::views::take(scopes.size()))) {
+        while (scopes.size() > around.size() || !std::equal(scopes.begin(), scopes.end(), around.begin())) {
             m_output << "$upscope $end\n";
             scopes.pop_back();
         }
