@@ -36,7 +36,7 @@ TEST(DotText, EscapesWhatALabelWouldTakeForMarkup)
 {
     const std::string text = textOf(dotText, oddState);
     EXPECT_THAT(text, HasSubstr("entry / if (x &lt; 1 &amp;&amp; y &gt; &quot;z&quot;) { w(); }<br "
-                                "align=\"left\"/> v();"));
+                                "align=\"left\"/>&#9;v();"));
     EXPECT_THAT(text, HasSubstr("label=<change [p[0] == 'q';]<br align=\"left\"/>>"));
     EXPECT_THAT(text, HasSubstr("tooltip=<t#1>"));
 }
