@@ -89,7 +89,7 @@ void reportUnreachable(const ChartModel& chart, FindingReport& report)
         if (!reachability.isReached(i) && !isInside) {
             report.addAtKey({FindingKind::unreachableState,
                              formatText("'{}': nothing leads to this state", state.identifier)},
-                            state.path);
+                            state.place.path());
         }
     }
 }
@@ -101,7 +101,7 @@ void lintStates(const CheckedDefinition& checked, FindingReport& report)
     for (const ChartState& state : checked.chart.states()) {
         if (!state.hasUnknownTypeWord())
             continue;
-        JsonPath path = state.path;
+        JsonPath path = state.place.path();
         path.emplace_back("type");
         report.addAt(
             {FindingKind::unknownStateType,
