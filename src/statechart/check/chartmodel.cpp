@@ -7,14 +7,6 @@
 
 namespace {
 
-/// The members of a section; none when it is missing or no object.
-const JsonObject& membersOf(const JsonObject& definition, std::string_view section)
-{
-    static const JsonObject none;
-    const JsonValue* const value = definition.find(section);
-    return value != nullptr && value->isObject() ? value->asObject() : none;
-}
-
 std::optional<std::string_view> wordAt(const JsonObject& definition, std::string_view key)
 {
     const JsonValue* const value = definition.find(key);
@@ -68,11 +60,23 @@ ChartModel::ChartModel(const JsonObject& definition, const std::vector<CheckedTe
     sortTransitions();
 }
 
+/// The members of a section; none when it is missing or no object.
+const JsonObject& ChartModel::membersOf(const JsonObject& definition, std::string_view section)
+{
+    static const JsonObject none;
+    const JsonValue* const value = definition.find(section);
+    if (value != nullptr && value->isObject())
+        return value->asObject();
+    m_isWhole = m_isWhole && value == nullptr && section != "states";
+    return none;
+}
+
 std::optional<std::size_t> ChartModel::addState(const JsonMember& member, const JsonPlace& section,
                                                 std::optional<std::size_t> parent, int depth)
 {
     if (!member.value.isObject() || depth > StateChartCompiler::maximumStateDepth) {
         m_leftOut.insert(member.key);
+        m_isWhole = false;
         return std::nullopt;
     }
     const JsonObject& definition = member.value.asObject();
@@ -113,8 +117,10 @@ void ChartModel::addTransitions(std::size_t state, const JsonObject& definition)
 {
     const JsonPlace section = m_states[state].place.below("transitions");
     for (const JsonMember& member : membersOf(definition, "transitions")) {
-        if (!member.value.isObject())
+        if (!member.value.isObject()) {
+            m_isWhole = false;
             continue;
+        }
         const JsonObject& transition = member.value.asObject();
         const JsonValue* const order = transition.find("order");
         ChartTransition model{.identifier = member.key,

@@ -77,10 +77,14 @@ public:
     /// The state in which the chart begins, if it names one.
     std::optional<std::size_t> start() const { return m_start; }
 
+    /// Whether no state, transition or list of them had to be left out.
+    bool isWhole() const { return m_isWhole; }
+
     /// Whether the definition has a state of this name, be it one that is wrong and left out here.
     bool isState(std::string_view name) const { return m_names.contains(name) || m_leftOut.contains(name); }
 
 private:
+    const JsonObject& membersOf(const JsonObject& definition, std::string_view section);
     std::optional<std::size_t> addState(const JsonMember& member, const JsonPlace& section,
                                         std::optional<std::size_t> parent, int depth);
     void addChildren(std::size_t state, const JsonObject& definition, int depth);
@@ -95,6 +99,7 @@ private:
     std::unordered_set<std::string_view> m_leftOut;
     std::unordered_map<const void*, const CheckedText*> m_conditions; // by ActionText::identity
     std::optional<std::size_t> m_start;
+    bool m_isWhole = true;
 };
 
 #endif

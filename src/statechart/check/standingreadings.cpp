@@ -1,6 +1,7 @@
 #include "statechart/check/standingreadings.h"
 
 #include "actionlanguage/analysis/constantfolding.h"
+#include "statechart/check/unreadactions.h"
 #include "statechart/text/engineeringnumber.h"
 #include "statechart/text/numbertext.h"
 
@@ -83,7 +84,8 @@ StandingReadings::StandingReadings(const CheckedDefinition& checked) : m_names(c
 void StandingReadings::findSetVariables(const CheckedDefinition& checked)
 {
     const auto isUnread = [](const ChartState& state) { return state.hasUnknownTypeWord(); };
-    m_maySetAnyVariable = std::ranges::any_of(checked.chart.states(), isUnread);
+    m_maySetAnyVariable =
+        std::ranges::any_of(checked.chart.states(), isUnread) || hasUnreadableActions(checked);
     for (const CompileRecord::Failure& failure : checked.failures)
         m_maySetAnyVariable = m_maySetAnyVariable || failure.text;
     for (const CheckedText& text : checked.texts) {
