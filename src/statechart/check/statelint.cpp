@@ -79,8 +79,8 @@ private:
 
 void reportUnreachable(const ChartModel& chart, FindingReport& report)
 {
-    if (!chart.start())
-        return; // what is wrong is the start
+    if (!chart.start() || !chart.isWhole())
+        return; // what is wrong is the start, or what could not be read and may lead anywhere
     Reachability reachability(chart);
     reachability.startAt(*chart.start());
     for (std::size_t i = 0; i < chart.states().size(); ++i) {

@@ -92,6 +92,11 @@ const std::vector<LintCase> chains{
     {"aRoundUnderAPinOfABus", deviceOfPins(R"j("a": {"type": "atomic", "transitions": {
          «"t"»: {"target": "a", "order": 0, "conditions": ["isBusPinHigh(\"n\", 1)", "isBusPinLow(\"n\", 2)"]}}})j"),
      forEver},
+    {"aRoundUnderAPinOfABusWhoseIndexIsComputed", deviceOfPins(R"j("a": {"type": "atomic", "transitions": {
+         «"t"»: {"target": "a", "order": 0, "conditions": ["isBusPinHigh(\"n\", 1 + 1)", "isBusPinHigh(\"n\", 2)"]}}})j"),
+     forEver},
+    {"aRoundUnderOnePinOfABusBothWays", deviceOfPins(R"j("a": {"type": "atomic", "transitions": {
+         "t": {"target": "a", "order": 0, "conditions": ["isBusPinHigh(\"n\", 1 + 1)", "isBusPinLow(\"n\", 2)"]}}})j")},
     {"aRoundUnderAParameter", deviceOfPins(R"j("a": {"type": "atomic", "transitions": {
          «"t"»: {"target": "a", "order": 0, "conditions": "simulationTime() > getParameter_double(\"p\")"}}})j"),
      forEver},
