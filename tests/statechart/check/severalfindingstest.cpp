@@ -317,6 +317,10 @@ const std::vector<OneFault> faults{
      R"({"outputs": {}, "outputDelay": 1, "start": "a", "states": {"a": {"type": "parallel", "substates": {
          "b": {"type": "parallel", "substates": {"b": {"type": "atomic", "onEntry": "zz;"}}}}}}})",
      "duplicate state identifier: b\n'zz': undeclared identifier\n"},
+    {"theSecondOfEqualKeysInOneObject", chartOf(R"("a": {"type": "atomic", "transitions": {
+         "t": {"target": "a", "order": 0, "event": "change"},
+         "t": {"target": "a", "order": 0, "event": "change", "actions": "zz;"}}}, "a": 5)"),
+     ""},
     {"aStateWithoutType", chartOf(R"("a": {"é": 1, "initial": "b", "substates": {
          "b": {"type": "atomic", "transitions": {"t": {"target": "c", "order": 0, "event": "change"}}},
          "c": {"type": "atomic"}}})"),
