@@ -6,7 +6,8 @@
 namespace Halvorin::System {
 
 /// As long as this is there, signals wait: a handler that ends the process finds either nothing or all done
-/// of what stands within. For a few system calls only, and none that may wait for somebody else.
+/// of what stands within. For a few system calls only, and none that may wait for somebody else. Holds for
+/// the calling thread: in a process of several, another may still run the handler.
 class HeldSignals
 {
 public:

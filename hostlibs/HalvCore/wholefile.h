@@ -29,7 +29,8 @@ struct WholeFile
 
 /// As writeWholeFile() for several files that belong together: no file is replaced before the new content of
 /// every one stands on the disk, and what was replaced is put back when another file cannot be. A signal that
-/// comes meanwhile waits.
+/// comes meanwhile waits, as far as the calling thread is the one to handle it: that of a process of one
+/// thread.
 HALVCORE_EXPORT Expected<void, ErrorCode2> writeWholeFiles(const std::vector<WholeFile>& files);
 
 /// The content of a file, or FileError::tooLarge when it has more than `limit` bytes; no more than that is

@@ -2,7 +2,7 @@
 #define COMPILERECORD_H
 
 #include "actionlanguage/compileresult.h"
-#include "statechart/json/jsonlocator.h"
+#include "statechart/json/jsonplace.h"
 #include "statechart/json/jsonvalue.h"
 #include "statechart/outofmemory.h"
 
@@ -16,10 +16,14 @@
 /// A text of the action language in a definition, in the words that the language's compiler got.
 struct ActionText
 {
-    JsonPath path;
+    JsonPlace place;
     std::string source;      ///< the text that was compiled
     std::size_t wrapped = 0; ///< bytes that stand in `source` before those of the definition
     std::size_t length = 0;  ///< bytes of the definition's own text
+
+    /// The address of the definition's own text, which tells it from all others of that definition. Not to be
+    /// read: the definition may be gone.
+    const void* identity = nullptr;
 };
 
 /// What a compiler does when a part of a definition is wrong.
@@ -45,7 +49,7 @@ class CompileRecord
 public:
     struct Failure
     {
-        JsonPath place; ///< the innermost that the compile had gone to, maybe that of a missing member
+        JsonPlace place; ///< the innermost that the compile had gone to, maybe that of a missing member
         std::optional<ActionText> text; ///< when it was the compile of a text that failed
         std::exception_ptr exception;
     };
@@ -132,9 +136,17 @@ public:
     const std::vector<CompiledText>& texts() const { return m_texts; }
 
 private:
+    struct Level
+    {
+        JsonPathSegment segment;
+        JsonPlace place; // made when it is first asked for; the top until then
+    };
+
+    JsonPlace place();
+
     OnFailure m_onFailure;
-    JsonPath m_place;
-    std::optional<JsonPath> m_failedPlace; // of the exception on its way out
+    std::vector<Level> m_levels;
+    std::optional<JsonPlace> m_failedPlace; // of the exception on its way out
     std::optional<ActionText> m_failedText;
     std::vector<Failure> m_failures;
     std::vector<CompiledText> m_texts;

@@ -7,24 +7,6 @@
 
 namespace {
 
-JsonPath below(const JsonPath& path, std::string_view section, std::string_view identifier)
-{
-    JsonPath result;
-    result.reserve(path.size() + 2);
-    result = path;
-    result.emplace_back(std::string(section));
-    result.emplace_back(std::string(identifier));
-    return result;
-}
-
-/// The members of a section; none when it is missing or no object.
-const JsonObject& membersOf(const JsonObject& definition, std::string_view section)
-{
-    static const JsonObject none;
-    const JsonValue* const value = definition.find(section);
-    return value != nullptr && value->isObject() ? value->asObject() : none;
-}
-
 std::optional<std::string_view> wordAt(const JsonObject& definition, std::string_view key)
 {
     const JsonValue* const value = definition.find(key);
@@ -41,22 +23,6 @@ ChartState::Type typeOf(const JsonObject& definition)
     if (word == "compound")
         return ChartState::Type::compound;
     return word == "parallel" ? ChartState::Type::parallel : ChartState::Type::unknown;
-}
-
-/// How many conditions a transition states.
-std::size_t conditionCount(const JsonObject& transition)
-{
-    const JsonValue* const conditions = transition.find("conditions");
-    if (conditions == nullptr)
-        return 0;
-    return conditions->isArray() ? conditions->asArray().size() : 1;
-}
-
-/// The path of a condition up to its transition.
-JsonPath transitionPathOf(const JsonPath& path)
-{
-    const bool isElement = std::holds_alternative<std::size_t>(path.back());
-    return {path.begin(), path.end() - (isElement ? 2 : 1)};
 }
 
 } // namespace
@@ -77,11 +43,11 @@ ChartModel::ChartModel(const JsonObject& definition, const std::vector<CheckedTe
 {
     for (const CheckedText& text : texts) {
         if (text.use == CheckedText::Use::condition)
-            m_conditions[transitionPathOf(text.text->path)].push_back(&text);
+            m_conditions.emplace(text.text->identity, &text);
     }
     std::unordered_map<std::string_view, std::size_t> topLevel;
     for (const JsonMember& member : membersOf(definition, "states")) {
-        if (const auto state = addState(member, {}, std::nullopt, 1))
+        if (const auto state = addState(member, JsonPlace().below("states"), std::nullopt, 1))
             topLevel.emplace(member.key, *state);
     }
     if (const auto start = wordAt(definition, "start")) {
@@ -94,18 +60,30 @@ ChartModel::ChartModel(const JsonObject& definition, const std::vector<CheckedTe
     sortTransitions();
 }
 
-std::optional<std::size_t> ChartModel::addState(const JsonMember& member, const JsonPath& parentPath,
+/// The members of a section; none when it is missing or no object.
+const JsonObject& ChartModel::membersOf(const JsonObject& definition, std::string_view section)
+{
+    static const JsonObject none;
+    const JsonValue* const value = definition.find(section);
+    if (value != nullptr && value->isObject())
+        return value->asObject();
+    m_isWhole = m_isWhole && value == nullptr && section != "states";
+    return none;
+}
+
+std::optional<std::size_t> ChartModel::addState(const JsonMember& member, const JsonPlace& section,
                                                 std::optional<std::size_t> parent, int depth)
 {
     if (!member.value.isObject() || depth > StateChartCompiler::maximumStateDepth) {
         m_leftOut.insert(member.key);
+        m_isWhole = false;
         return std::nullopt;
     }
     const JsonObject& definition = member.value.asObject();
     const std::size_t state = m_states.size();
     m_states.push_back(
         {.identifier = member.key,
-         .path = below(parentPath, parent ? "substates" : "states", member.key),
+         .place = section.below(member.key),
          .definition = &definition,
          .type = typeOf(definition),
          .isRead = !parent || (m_states[*parent].isRead && !m_states[*parent].hasUnknownTypeWord()),
@@ -124,8 +102,9 @@ void ChartModel::addChildren(std::size_t state, const JsonObject& definition, in
 {
     const std::optional<std::string_view> initial =
         m_states[state].type == ChartState::Type::compound ? wordAt(definition, "initial") : std::nullopt;
+    const JsonPlace section = m_states[state].place.below("substates");
     for (const JsonMember& member : membersOf(definition, "substates")) {
-        const auto child = addState(member, JsonPath(m_states[state].path), state, depth + 1);
+        const auto child = addState(member, section, state, depth + 1);
         if (!child)
             continue;
         m_states[state].children.push_back(*child);
@@ -136,13 +115,16 @@ void ChartModel::addChildren(std::size_t state, const JsonObject& definition, in
 
 void ChartModel::addTransitions(std::size_t state, const JsonObject& definition)
 {
+    const JsonPlace section = m_states[state].place.below("transitions");
     for (const JsonMember& member : membersOf(definition, "transitions")) {
-        if (!member.value.isObject())
+        if (!member.value.isObject()) {
+            m_isWhole = false;
             continue;
+        }
         const JsonObject& transition = member.value.asObject();
         const JsonValue* const order = transition.find("order");
         ChartTransition model{.identifier = member.key,
-                              .path = below(m_states[state].path, "transitions", member.key),
+                              .place = section.below(member.key),
                               .definition = &transition,
                               .source = state,
                               .target = {},
@@ -158,9 +140,18 @@ void ChartModel::addTransitions(std::size_t state, const JsonObject& definition)
 
 void ChartModel::addConditions(ChartTransition& transition, const ConstantFolding& folding) const
 {
-    if (const auto conditions = m_conditions.find(transition.path); conditions != m_conditions.end())
-        transition.conditions = conditions->second;
-    transition.areConditionsKnown = transition.conditions.size() == conditionCount(*transition.definition);
+    const auto add = [&](const JsonValue& text) {
+        const auto found = text.isString() ? m_conditions.find(text.asString().data()) : m_conditions.end();
+        if (found == m_conditions.end())
+            transition.areConditionsKnown = false;
+        else
+            transition.conditions.push_back(found->second);
+    };
+    const JsonValue* const conditions = transition.definition->find("conditions");
+    if (conditions != nullptr && conditions->isArray())
+        std::ranges::for_each(conditions->asArray(), add);
+    else if (conditions != nullptr)
+        add(*conditions);
     transition.holding = transition.areConditionsKnown ? Holding::always : Holding::sometimes;
     for (const CheckedText* condition : transition.conditions) {
         const std::optional<bool> truth = folding.truthOf(condition->tree);

@@ -2,11 +2,10 @@
 #define CHARTMODEL_H
 
 #include "statechart/check/checkedtext.h"
-#include "statechart/json/jsonlocator.h"
+#include "statechart/json/jsonplace.h"
 #include "statechart/json/jsonvalue.h"
 
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,7 +26,7 @@ enum class Holding
 struct ChartTransition
 {
     std::string_view identifier;
-    JsonPath path;
+    JsonPlace place;
     const JsonObject* definition = nullptr;
     std::size_t source = 0;            ///< the state that it leaves, once linked
     std::optional<std::size_t> target; ///< none when no state has the name
@@ -51,7 +50,7 @@ struct ChartState
     };
 
     std::string_view identifier;
-    JsonPath path;
+    JsonPlace place;
     const JsonObject* definition = nullptr;
     Type type = Type::unknown;
     bool isRead = true; ///< by the compiler, which passes over the substates of a state of an unknown type
@@ -78,11 +77,15 @@ public:
     /// The state in which the chart begins, if it names one.
     std::optional<std::size_t> start() const { return m_start; }
 
+    /// Whether no state, transition or list of them had to be left out.
+    bool isWhole() const { return m_isWhole; }
+
     /// Whether the definition has a state of this name, be it one that is wrong and left out here.
     bool isState(std::string_view name) const { return m_names.contains(name) || m_leftOut.contains(name); }
 
 private:
-    std::optional<std::size_t> addState(const JsonMember& member, const JsonPath& parentPath,
+    const JsonObject& membersOf(const JsonObject& definition, std::string_view section);
+    std::optional<std::size_t> addState(const JsonMember& member, const JsonPlace& section,
                                         std::optional<std::size_t> parent, int depth);
     void addChildren(std::size_t state, const JsonObject& definition, int depth);
     void addTransitions(std::size_t state, const JsonObject& definition);
@@ -94,8 +97,9 @@ private:
     std::vector<ChartTransition> m_transitions;
     std::unordered_map<std::string_view, std::size_t> m_names;
     std::unordered_set<std::string_view> m_leftOut;
-    std::map<JsonPath, std::vector<const CheckedText*>> m_conditions; // by the path of their transition
+    std::unordered_map<const void*, const CheckedText*> m_conditions; // by ActionText::identity
     std::optional<std::size_t> m_start;
+    bool m_isWhole = true;
 };
 
 #endif

@@ -1,6 +1,5 @@
 #include "statechart/check/checkedtext.h"
 
-#include <algorithm>
 #include <string>
 #include <variant>
 
@@ -8,15 +7,14 @@ namespace {
 
 using Use = CheckedText::Use;
 
-/// Told by the innermost key of the path: elements of lists stand under theirs.
-Use useOf(const JsonPath& path)
+/// Told by the innermost key of the place: elements of lists stand under theirs.
+Use useOf(JsonPlace place)
 {
-    const auto key = std::find_if(path.rbegin(), path.rend(), [](const JsonPathSegment& segment) {
-        return std::holds_alternative<std::string>(segment);
-    });
-    if (key == path.rend())
+    while (!place.isTop() && !std::holds_alternative<std::string>(place.segment()))
+        place = place.outer();
+    if (place.isTop())
         return Use::statements;
-    const std::string& name = std::get<std::string>(*key);
+    const std::string& name = std::get<std::string>(place.segment());
     if (name == "conditions")
         return Use::condition;
     return name == "wakeTime" || name == "wakeTimeCalc" ? Use::time : Use::statements;
@@ -42,7 +40,7 @@ std::vector<CheckedText> checkedTextsOf(const CompileRecord& record)
     std::vector<CheckedText> texts;
     texts.reserve(record.texts().size());
     for (const CompileRecord::CompiledText& compiled : record.texts()) {
-        const Use use = useOf(compiled.text.path);
+        const Use use = useOf(compiled.text.place);
         texts.push_back({&compiled.text, use, treeOf(compiled, use)});
     }
     return texts;

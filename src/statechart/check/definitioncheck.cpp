@@ -59,7 +59,7 @@ void addFailures(const CompileRecord& record, FindingReport& report)
                 report.addInText({FindingKind::invalidAction, std::move(words.text), words.code},
                                  *failure.text, words.span);
             } else {
-                report.addAt({FindingKind::invalidDefinition, std::move(words.text)}, failure.place);
+                report.addAt({FindingKind::invalidDefinition, std::move(words.text)}, failure.place.path());
             }
         }
     }

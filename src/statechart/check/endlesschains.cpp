@@ -1,10 +1,9 @@
 #include "statechart/check/endlesschains.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
-
-constexpr std::size_t costOfEvaluation = 50; // in steps from state to state
 
 /// A group of states may cost this times its size and no more of the stock.
 constexpr std::size_t stepsForEach = 8;
@@ -13,7 +12,8 @@ constexpr std::size_t stepsForEach = 8;
 
 EndlessChains::EndlessChains(const CheckedDefinition& checked)
     : m_chart(checked.chart), m_readings(checked), m_world(checked.folding, m_readings),
-      m_run(checked.chart, [this](std::size_t transition) { return holds(transition); })
+      m_run(checked.chart, [this](std::size_t transition) { return holds(transition); }),
+      m_isFound(checked.chart.transitions().size())
 {}
 
 std::vector<std::vector<std::size_t>> EndlessChains::find()
@@ -61,19 +61,23 @@ void EndlessChains::findIn(const std::vector<std::size_t>& states)
     std::ranges::sort(transitions);
     m_allowance = stepsForEach * (size + transitions.size());
     m_world.beginWith(m_chart, transitions);
-    std::vector<bool> isFound; // by index in `transitions`
-    isFound.resize(transitions.size());
-    for (std::size_t i = 0; i < transitions.size() && m_allowance + m_stock > 0; ++i) {
-        const bool isAtomic =
-            m_chart.states()[m_chart.transitions()[transitions[i]].source].type == ChartState::Type::atomic;
-        if (isFound[i] || !isAtomic || !findFrom(transitions[i]))
-            continue;
-        for (const std::size_t transition : m_found.back()) {
-            const auto found = std::ranges::lower_bound(transitions, transition);
-            if (found != transitions.end() && *found == transition)
-                isFound[static_cast<std::size_t>(found - transitions.begin())] = true;
-        }
+    for (const std::size_t transition : transitions) {
+        const std::size_t source = m_chart.transitions()[transition].source;
+        if (!m_isFound[transition] && m_chart.states()[source].type == ChartState::Type::atomic)
+            findFrom(transition);
     }
+}
+
+/// Keeps a way that has nothing in common with those found before: many starts lead into one round.
+bool EndlessChains::keep(std::vector<std::size_t> way)
+{
+    const auto isFound = [&](std::size_t transition) { return m_isFound[transition]; };
+    if (way.empty() || std::ranges::any_of(way, isFound))
+        return false;
+    for (const std::size_t transition : way)
+        m_isFound[transition] = true;
+    m_found.push_back(std::move(way));
+    return true;
 }
 
 /// Whether a transition is the one that is taken when its source is entered.
@@ -81,6 +85,7 @@ std::optional<bool> EndlessChains::isTakenOnEntry(std::size_t transition)
 {
     const ChartState& source = m_chart.states()[m_chart.transitions()[transition].source];
     for (const std::size_t each : source.transitions) {
+        spend(1);
         const std::optional<bool> isTaken = m_chart.transitions()[each].hasEvent() ? false : holds(each);
         if (!isTaken)
             return std::nullopt;
@@ -99,17 +104,19 @@ bool EndlessChains::findFrom(std::size_t transition)
     if (isTaken == false)
         return false;
     if (isTaken == true) {
-        const std::vector<std::size_t> way = m_run.wayRound(transition, m_allowance + m_stock);
+        std::vector<std::size_t> way = m_run.wayRound(transition, m_allowance + m_stock);
         spend(m_run.steps());
-        if (!way.empty()) {
-            m_found.push_back(way);
+        if (keep(std::move(way)))
             return true;
-        }
     }
     const std::optional<StandingThing> wanted = m_world.wanted();
     if (!wanted)
         return false;
-    for (const double value : m_world.candidatesFor(*wanted)) {
+    const std::vector<double> candidates = m_world.candidatesFor(*wanted);
+    spend(candidates.size()); // as many as pins that are asked for edges
+    for (const double value : candidates) {
+        if (m_allowance + m_stock == 0)
+            return false;
         m_world.decide(wanted->key, value);
         const bool isFound = findFrom(transition);
         m_world.forget(wanted->key);
@@ -123,9 +130,9 @@ std::optional<bool> EndlessChains::holds(std::size_t transition)
 {
     if (m_allowance + m_stock == 0)
         return std::nullopt;
-    const std::size_t before = m_world.evaluations();
+    const std::size_t before = m_world.evaluationSteps();
     const std::optional<bool> holds = m_world.holds(m_chart.transitions()[transition]);
-    spend(1 + (m_world.evaluations() - before) * costOfEvaluation);
+    spend(1 + m_world.evaluationSteps() - before);
     return holds;
 }
 

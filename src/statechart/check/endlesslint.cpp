@@ -12,6 +12,6 @@ void lintEndlessTransitions(const CheckedDefinition& checked, FindingReport& rep
         report.addAtKey({FindingKind::endlessTransitions,
                          formatText("'{}' leads back to '{}' through transitions without event, for ever",
                                     first.identifier, chart.states()[first.source].identifier)},
-                        first.path);
+                        first.place.path());
     }
 }

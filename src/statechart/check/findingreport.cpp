@@ -48,7 +48,7 @@ void FindingReport::addInText(const Words& words, const ActionText& text,
     const SourceSpan blamed = span.value_or(SourceSpan{text.wrapped, text.length});
     const std::size_t start = offsetOf(blamed.position);
     const std::size_t end = blamed.position == positionUnknown ? start : offsetOf(blamed.end());
-    add(words, text.path, {start, end - start});
+    add(words, text.place.path(), {start, end - start});
 }
 
 std::vector<Finding> FindingReport::take()
@@ -85,7 +85,7 @@ JsonLocator& FindingReport::locator()
 const JsonStringOffsets& FindingReport::offsetsIn(const ActionText& text)
 {
     if (m_offsetsText != &text) {
-        m_offsets.emplace(m_definition, locator().locate(text.path).value);
+        m_offsets.emplace(m_definition, locator().locate(text.place.path()).value);
         m_offsetsText = &text;
     }
     return *m_offsets;

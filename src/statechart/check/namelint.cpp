@@ -3,6 +3,7 @@
 #include "statechart/check/lints.h"
 #include "statechart/check/namehints.h"
 #include "statechart/check/namingfunction.h"
+#include "statechart/check/unreadactions.h"
 #include "statechart/check/unreadnames.h"
 #include "statechart/text/format.h"
 
@@ -34,6 +35,8 @@ public:
                 useNamesIn(failure.text->source, m_names);
         }
         useNamesInUnreadStates(m_checked.chart, m_names);
+        if (hasUnreadableActions(m_checked))
+            m_names.useAll();
         reportUnused();
     }
 

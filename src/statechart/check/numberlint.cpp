@@ -110,5 +110,5 @@ void lintNumbers(const CheckedDefinition& checked, FindingReport& report)
     for (const NumberPlace& place : places)
         lint.lint(place);
     for (const ChartTransition& transition : checked.chart.transitions())
-        lint.lintMember(*transition.definition, "order", transition.path);
+        lint.lintMember(*transition.definition, "order", transition.place.path());
 }

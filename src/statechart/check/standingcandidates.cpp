@@ -56,6 +56,10 @@ std::vector<double> StandingWorld::numbersFor(const StandingThing& thing) const
         std::vector<double> values;
         for (std::size_t i = 0; i <= 2 * m_edgePins.size(); ++i)
             values.push_back(static_cast<double>(i));
+        if (const std::size_t pin = edgePinIndex(thing.pin); pin < m_edgePins.size()) {
+            const auto own = values.begin() + 1 + 2 * static_cast<std::ptrdiff_t>(pin);
+            std::rotate(values.begin(), own, own + 2);
+        }
         return values;
     }
     const bool isReal =
@@ -82,18 +86,17 @@ bool StandingWorld::isConsistent(const StandingThing& thing, double value) const
         const bool isSigned = thing.name->type == DataType::integer64;
         return isSigned ? value >= -range / 2.0 && value < range / 2.0 : value >= 0.0 && value < range;
     }
-    for (std::size_t i = 0; i < m_edgePins.size(); ++i) {
-        const std::string levelKey = "pin " + m_edgePins[i];
-        const double rising = 1.0 + 2.0 * static_cast<double>(i);
-        const auto decided = [&](const std::string& key) {
-            const auto found = m_values.find(key);
-            return found == m_values.end() ? std::nullopt : std::optional(found->second);
-        };
-        const std::optional<double> edge = thing.kind == Kind::edge ? value : decided("edge");
-        const std::optional<double> level = thing.key == levelKey ? value : decided(levelKey);
-        const bool isWrong = (edge == rising && level == 0.0) || (edge == rising + 1.0 && level == 1.0);
-        if (isWrong)
-            return false;
-    }
-    return true;
+    return fitsEdge(thing, value);
+}
+
+/// Whether an edge and the level of its pin go together, as far as they are decided.
+bool StandingWorld::fitsEdge(const StandingThing& thing, double value) const
+{
+    const std::optional<double> edge = thing.kind == Kind::edge ? value : decided("edge");
+    if (!edge || *edge == 0.0)
+        return true;
+    const std::size_t pin = static_cast<std::size_t>(*edge - 1.0) / 2;
+    const std::string levelKey = "pin " + m_edgePins[pin];
+    const std::optional<double> level = thing.key == levelKey ? value : decided(levelKey);
+    return !level || (*level != 0.0) == (*edge == risingEdgeOf(pin));
 }

@@ -1,6 +1,7 @@
 #include "statechart/check/standingreadings.h"
 
 #include "actionlanguage/analysis/constantfolding.h"
+#include "statechart/check/unreadactions.h"
 #include "statechart/text/engineeringnumber.h"
 #include "statechart/text/numbertext.h"
 
@@ -12,14 +13,18 @@ namespace {
 using Answer = StandingReading::Answer;
 using Kind = StandingThing::Kind;
 
-/// The argument of a call at an index, if it is a literal.
-const JsonValue* literalArgument(const JsonObject& call, std::size_t index)
+const JsonValue* argumentOf(const JsonObject& call, std::size_t index)
 {
     const JsonValue* const arguments = call.find("args");
-    if (arguments == nullptr || !arguments->isArray() || arguments->asArray().size() <= index)
-        return nullptr;
-    const JsonValue& argument = arguments->asArray()[index];
-    return argument.isObject() ? nullptr : &argument;
+    const bool isThere = arguments != nullptr && arguments->isArray() && arguments->asArray().size() > index;
+    return isThere ? &arguments->asArray()[index] : nullptr;
+}
+
+/// The same, if it is a literal.
+const JsonValue* literalArgument(const JsonObject& call, std::size_t index)
+{
+    const JsonValue* const argument = argumentOf(call, index);
+    return argument != nullptr && !argument->isObject() ? argument : nullptr;
 }
 
 std::optional<Answer> edgeAnswer(std::string_view function)
@@ -36,24 +41,6 @@ Answer levelAnswer(std::string_view function)
     return function == "isPinLow" || function == "isBusPinLow" ? Answer::negated : Answer::value;
 }
 
-std::optional<StandingReading> readingOfBus(const NamingFunction& function, const DeclaredName& name,
-                                            const JsonObject& call)
-{
-    const std::string key = "bus " + std::string(name.identifier);
-    if (!function.hasIndex) {
-        if (name.type != function.type || !name.width)
-            return std::nullopt;
-        return StandingReading{{Kind::number, key, {}, &name}, Answer::value, function.type};
-    }
-    const JsonValue* const index = literalArgument(call, 1);
-    const bool isThere = index != nullptr && index->isInt() && name.width && index->asInt() >= 0 &&
-                         index->asInt() < *name.width;
-    if (!isThere)
-        return std::nullopt;
-    return StandingReading{{Kind::level, key + " " + numberText(std::int64_t{index->asInt()})},
-                           levelAnswer(function.name)};
-}
-
 /// Of a number, or of the text of one.
 std::optional<double> numberIn(const JsonValue& value)
 {
@@ -68,7 +55,8 @@ std::optional<double> numberIn(const JsonValue& value)
 
 } // namespace
 
-StandingReadings::StandingReadings(const CheckedDefinition& checked) : m_names(checked.definition)
+StandingReadings::StandingReadings(const CheckedDefinition& checked)
+    : m_folding(checked.folding), m_names(checked.definition)
 {
     if (const JsonValue* const variables = checked.definition.find("variables");
         variables != nullptr && variables->isObject()) {
@@ -83,7 +71,8 @@ StandingReadings::StandingReadings(const CheckedDefinition& checked) : m_names(c
 void StandingReadings::findSetVariables(const CheckedDefinition& checked)
 {
     const auto isUnread = [](const ChartState& state) { return state.hasUnknownTypeWord(); };
-    m_maySetAnyVariable = std::ranges::any_of(checked.chart.states(), isUnread);
+    m_maySetAnyVariable =
+        std::ranges::any_of(checked.chart.states(), isUnread) || hasUnreadableActions(checked);
     for (const CompileRecord::Failure& failure : checked.failures)
         m_maySetAnyVariable = m_maySetAnyVariable || failure.text;
     for (const CheckedText& text : checked.texts) {
@@ -126,6 +115,26 @@ std::optional<StandingReading> StandingReadings::readingOf(const JsonObject& cal
     default:
         return std::nullopt;
     }
+}
+
+std::optional<StandingReading> StandingReadings::readingOfBus(const NamingFunction& function,
+                                                              const DeclaredName& name,
+                                                              const JsonObject& call) const
+{
+    const std::string key = "bus " + std::string(name.identifier);
+    if (!function.hasIndex) {
+        if (name.type != function.type || !name.width)
+            return std::nullopt;
+        return StandingReading{{Kind::number, key, {}, &name}, Answer::value, function.type};
+    }
+    const JsonValue* const argument = argumentOf(call, 1);
+    const std::optional<std::int32_t> index =
+        argument != nullptr ? m_folding.intOf(sourceTreeOfExpression(*argument, DataType::integer, {}))
+                            : std::nullopt;
+    if (!index || !name.width || *index < 0 || *index >= *name.width)
+        return std::nullopt;
+    return StandingReading{{Kind::level, key + " " + numberText(std::int64_t{*index})},
+                           levelAnswer(function.name)};
 }
 
 const JsonValue* StandingReadings::constantVariable(const JsonObject& call)

@@ -61,11 +61,14 @@ public:
     std::optional<double> numberOf(const JsonObject& call);
 
 private:
+    std::optional<StandingReading> readingOfBus(const NamingFunction& function, const DeclaredName& name,
+                                                const JsonObject& call) const;
     void findSetVariables(const CheckedDefinition& checked);
 
     /// The value of a variable that nothing sets, when the call asks for its type.
     const JsonValue* constantVariable(const JsonObject& call);
 
+    const ConstantFolding& m_folding;
     DeclaredNames m_names;
     std::unordered_map<std::string_view, const JsonObject*> m_variables;
     std::set<std::string, std::less<>> m_setVariables;

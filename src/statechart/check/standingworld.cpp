@@ -11,6 +11,9 @@ using Kind = StandingThing::Kind;
 
 constexpr std::size_t mostNumbers = 24;
 
+constexpr std::size_t stepsForCondition = 50;
+constexpr std::size_t bytesOfCondition = 100; // that so many steps are for: a long one costs more
+
 bool isCall(const JsonValue& form)
 {
     if (!form.isObject())
@@ -41,9 +44,10 @@ void StandingWorld::beginWith(const ChartModel& chart, const std::vector<std::si
     m_wanted.reset();
     m_numbers.clear();
     m_edgePins.clear();
+    m_edgePinIndices.clear();
     m_wholeBuses.clear();
     m_truths.clear();
-    m_evaluations = 0;
+    m_evaluationSteps = 0;
     std::set<std::string_view> seen;
     for (const std::size_t transition : transitions) {
         for (const CheckedText* const condition : chart.transitions()[transition].conditions) {
@@ -66,7 +70,7 @@ void StandingWorld::collect(const JsonValue& form)
     if (isCall(form)) {
         const std::optional<StandingReading> reading = m_readings.readingOf(form.asObject());
         if (reading && reading->thing.kind == Kind::edge &&
-            std::ranges::find(m_edgePins, reading->thing.pin) == m_edgePins.end())
+            m_edgePinIndices.emplace(reading->thing.pin, m_edgePins.size()).second)
             m_edgePins.push_back(reading->thing.pin);
         if (reading && reading->thing.kind == Kind::number)
             m_wholeBuses.insert(reading->thing.key);
@@ -102,16 +106,17 @@ std::optional<bool> StandingWorld::holds(const ChartTransition& transition)
 std::optional<bool> StandingWorld::truthOf(const CheckedText& condition)
 {
     const std::string_view source = condition.text->source;
-    if (const auto known = m_truths.find(source); known != m_truths.end())
-        return known->second;
-    ++m_evaluations;
+    const auto known = m_truths.find(source);
+    if (known != m_truths.end() && known->second.decision == m_decisions)
+        return known->second.value;
+    m_evaluationSteps += stepsForCondition * (1 + source.size() / bytesOfCondition);
     const JsonValue form = substituted(*condition.tree.form);
     const std::optional<bool> truth =
         m_folding.truthOf(sourceTreeOfExpression(form, DataType::boolean, std::string_view()));
     if (truth)
         m_wanted.reset(); // one side was enough
     if (truth || !m_wanted)
-        m_truths.emplace(source, truth);
+        m_truths.insert_or_assign(source, Truth{m_decisions, truth});
     return truth;
 }
 
@@ -145,12 +150,12 @@ std::optional<JsonValue> StandingWorld::substitute(const JsonObject& call)
     const std::string bus = reading->thing.key.substr(0, reading->thing.key.rfind(' '));
     if (reading->thing.kind == Kind::level && m_wholeBuses.contains(bus))
         return std::nullopt; // a pin of a bus that is read as a whole, too
-    const auto value = m_values.find(reading->thing.key);
-    if (value == m_values.end()) {
+    const std::optional<double> value = decided(reading->thing.key);
+    if (!value) {
         m_wanted = reading->thing;
         return std::nullopt;
     }
-    return ConstantFolding::literal(reading->type, answerOf(*reading, value->second));
+    return ConstantFolding::literal(reading->type, answerOf(*reading, *value));
 }
 
 double StandingWorld::answerOf(const StandingReading& reading, double value) const
@@ -159,21 +164,33 @@ double StandingWorld::answerOf(const StandingReading& reading, double value) con
         return value;
     if (reading.answer == Answer::negated)
         return value == 0.0 ? 1.0 : 0.0;
-    const auto pin = std::ranges::find(m_edgePins, reading.thing.pin) - m_edgePins.begin();
-    const double rising = 1.0 + 2.0 * static_cast<double>(pin);
+    const double rising = risingEdgeOf(edgePinIndex(reading.thing.pin));
     const bool isRising = value == rising && reading.answer != Answer::fallingEdge;
     const bool isFalling = value == rising + 1.0 && reading.answer != Answer::risingEdge;
     return isRising || isFalling ? 1.0 : 0.0;
 }
 
+/// One behind all for a pin that only states outside of these transitions ask for: it has no edge here.
+std::size_t StandingWorld::edgePinIndex(const std::string& pin) const
+{
+    const auto found = m_edgePinIndices.find(pin);
+    return found == m_edgePinIndices.end() ? m_edgePins.size() : found->second;
+}
+
+std::optional<double> StandingWorld::decided(const std::string& key) const
+{
+    const auto found = m_values.find(key);
+    return found == m_values.end() ? std::nullopt : std::optional(found->second);
+}
+
 void StandingWorld::decide(const std::string& key, double value)
 {
     m_values[key] = value;
-    m_truths.clear();
+    ++m_decisions; // no clear of m_truths: that takes as long as there were ever many
 }
 
 void StandingWorld::forget(const std::string& key)
 {
     m_values.erase(key);
-    m_truths.clear();
+    ++m_decisions;
 }

@@ -24,14 +24,14 @@ public:
 
     const std::optional<StandingThing>& wanted() const { return m_wanted; }
 
-    /// The values that are worth a try.
+    /// The values that are worth a try, the edges of the thing's own pin first.
     std::vector<double> candidatesFor(const StandingThing& thing) const;
 
     void decide(const std::string& key, double value);
     void forget(const std::string& key);
 
-    /// How many conditions were evaluated since beginWith().
-    std::size_t evaluations() const { return m_evaluations; }
+    /// What the conditions cost that were evaluated since beginWith(), in steps from state to state.
+    std::size_t evaluationSteps() const { return m_evaluationSteps; }
 
 private:
     std::optional<bool> truthOf(const CheckedText& condition);
@@ -42,6 +42,16 @@ private:
     void addNumber(double number);
     std::vector<double> numbersFor(const StandingThing& thing) const;
     bool isConsistent(const StandingThing& thing, double value) const;
+    bool fitsEdge(const StandingThing& thing, double value) const;
+    std::optional<double> decided(const std::string& key) const;
+    std::size_t edgePinIndex(const std::string& pin) const;
+    static double risingEdgeOf(std::size_t pin) { return 1.0 + 2.0 * static_cast<double>(pin); }
+
+    struct Truth
+    {
+        std::size_t decision; // it was found after so many decisions
+        std::optional<bool> value;
+    };
 
     const ConstantFolding& m_folding;
     StandingReadings& m_readings;
@@ -49,9 +59,11 @@ private:
     std::optional<StandingThing> m_wanted;
     std::set<double> m_numbers;          // that the conditions name
     std::vector<std::string> m_edgePins; // in the order of the values of "edge"
-    std::set<std::string> m_wholeBuses;  // keys of buses that are read as a number
-    std::unordered_map<std::string_view, std::optional<bool>> m_truths; // by source, under m_values
-    std::size_t m_evaluations = 0;
+    std::unordered_map<std::string, std::size_t> m_edgePinIndices;
+    std::set<std::string> m_wholeBuses;                   // keys of buses that are read as a number
+    std::unordered_map<std::string_view, Truth> m_truths; // by source
+    std::size_t m_decisions = 0;                          // changes of m_values so far
+    std::size_t m_evaluationSteps = 0;
 };
 
 #endif

@@ -79,8 +79,8 @@ private:
 
 void reportUnreachable(const ChartModel& chart, FindingReport& report)
 {
-    if (!chart.start())
-        return; // what is wrong is the start
+    if (!chart.start() || !chart.isWhole())
+        return; // what is wrong is the start, or what could not be read and may lead anywhere
     Reachability reachability(chart);
     reachability.startAt(*chart.start());
     for (std::size_t i = 0; i < chart.states().size(); ++i) {
@@ -89,7 +89,7 @@ void reportUnreachable(const ChartModel& chart, FindingReport& report)
         if (!reachability.isReached(i) && !isInside) {
             report.addAtKey({FindingKind::unreachableState,
                              formatText("'{}': nothing leads to this state", state.identifier)},
-                            state.path);
+                            state.place.path());
         }
     }
 }
@@ -101,7 +101,7 @@ void lintStates(const CheckedDefinition& checked, FindingReport& report)
     for (const ChartState& state : checked.chart.states()) {
         if (!state.hasUnknownTypeWord())
             continue;
-        JsonPath path = state.path;
+        JsonPath path = state.place.path();
         path.emplace_back("type");
         report.addAt(
             {FindingKind::unknownStateType,

@@ -13,7 +13,7 @@ constexpr std::array<const char*, 2> timeKeys{"wakeTime", "wakeTimeCalc"};
 
 JsonPath memberOf(const ChartTransition& transition, std::string_view key)
 {
-    JsonPath path = transition.path;
+    JsonPath path = transition.place.path();
     path.emplace_back(std::string(key));
     return path;
 }
@@ -113,7 +113,7 @@ void lintShadows(const ChartModel& chart, FindingReport& report)
                             ? "'{}' is never taken: '{}' comes first and has no conditions"
                             : "'{}' is never taken: '{}' comes first and its conditions always hold",
                         transition.identifier, first.identifier)},
-            transition.path);
+            transition.place.path());
     }
 }
 

@@ -4,6 +4,7 @@
 #include "statechart/ddcodebuilderfactory.h"
 #include "statechart/ddstatechartcompiler.h"
 #include "statechart/json/jsonreader.h"
+#include "support/allocations/allocationcounter.h"
 #include "support/concatenated.h"
 
 #include <sstream>
@@ -91,6 +92,11 @@ const std::vector<LintCase> chains{
     {"aRoundUnderAPinOfABus", deviceOfPins(R"j("a": {"type": "atomic", "transitions": {
          «"t"»: {"target": "a", "order": 0, "conditions": ["isBusPinHigh(\"n\", 1)", "isBusPinLow(\"n\", 2)"]}}})j"),
      forEver},
+    {"aRoundUnderAPinOfABusWhoseIndexIsComputed", deviceOfPins(R"j("a": {"type": "atomic", "transitions": {
+         «"t"»: {"target": "a", "order": 0, "conditions": ["isBusPinHigh(\"n\", 1 + 1)", "isBusPinHigh(\"n\", 2)"]}}})j"),
+     forEver},
+    {"aRoundUnderOnePinOfABusBothWays", deviceOfPins(R"j("a": {"type": "atomic", "transitions": {
+         "t": {"target": "a", "order": 0, "conditions": ["isBusPinHigh(\"n\", 1 + 1)", "isBusPinLow(\"n\", 2)"]}}})j")},
     {"aRoundUnderAParameter", deviceOfPins(R"j("a": {"type": "atomic", "transitions": {
          «"t"»: {"target": "a", "order": 0, "conditions": "simulationTime() > getParameter_double(\"p\")"}}})j"),
      forEver},
@@ -102,6 +108,13 @@ const std::vector<LintCase> chains{
                  "y1": {"type": "atomic", "transitions": {"v": {"target": "y2", "order": 0}}},
                  "y2": {"type": "atomic"}}}}})"),
      forEver},
+    {"aRoundThatManyStatesLeadInto",
+     chartOf(R"("a": {"type": "atomic", "transitions": {"s": {"target": "p", "order": 0}}},
+         "b": {"type": "atomic", "transitions": {«"t"»: {"target": "p", "order": 0}}},
+         "p": {"type": "parallel", "substates": {
+             "x": {"type": "atomic", "transitions": {"u": {"target": "a", "order": 0}}},
+             "y": {"type": "atomic", "transitions": {"v": {"target": "b", "order": 0}}}}})"),
+     "'t' leads back to 'b' through transitions without event, for ever"},
     {"aRegionThatIsLeftBeforeItIsItsTurn", // what waits is taken from the last to the first
      chartOf(R"("a": {"type": "atomic", "transitions": {"t": {"target": "p", "order": 0}}},
          "p": {"type": "parallel", "substates": {
@@ -145,6 +158,19 @@ const std::vector<LintCase> chains{
          "substates": {"b": {"type": "atomic"}}})")},
 };
 INSTANTIATE_TEST_SUITE_P(Chains, EndlessTransitions, testing::ValuesIn(chains));
+
+TEST(EndlessRounds, AreToldOfOnceForEachRoundOfThoseThatMeet)
+{
+    const std::string definition =
+        deviceOfPins(R"j("a": {"type": "atomic", "transitions": {"t": {"target": "b", "order": 0}}},
+            "c": {"type": "atomic", "transitions": {"u": {"target": "b", "order": 0}}},
+            "b": {"type": "atomic", "transitions": {
+                "v": {"target": "a", "order": 0, "conditions": "isPinHigh(\"x\")"},
+                "w": {"target": "c", "order": 1}}})j");
+    EXPECT_EQ(textsOf(checkDefinition(definition)),
+              "'t' leads back to 'a' through transitions without event, for ever\n"
+              "'u' leads back to 'c' through transitions without event, for ever\n");
+}
 
 /// The steps of the search for endless rounds in a chart.
 std::size_t stepsIn(const std::string& text)
@@ -257,6 +283,39 @@ std::string oneRoundOfManyConditionsOnVariables(int count)
     return chartOfMany(count, state, "a");
 }
 
+const char* const longPinName = "aPinWhoseNameNeedsMemoryOfItsOwn";
+
+std::string withPins(std::string chart, int count)
+{
+    std::string pins;
+    for (int i = 0; i < count; ++i)
+        pins.append(concatenated({i == 0 ? "" : ",", "\"", longPinName, nameOf(i), R"(": {"type": "pin"})"}));
+    return chart.insert(1, concatenated({R"("inputs": {)", pins, "},"}));
+}
+
+std::string oneStateUnderManyEdges(int count)
+{
+    std::string transitions;
+    for (int i = 0; i < count; ++i) {
+        transitions.append(concatenated(
+            {i == 0 ? "" : ",", "\"t", std::to_string(i), R"(": {"target": "a", "order": )",
+             std::to_string(i), R"(, "conditions": "isEdgeEvent(\")", longPinName, nameOf(i), R"x(\")"})x"}));
+    }
+    const std::string state =
+        concatenated({R"("a": {"type": "atomic", "transitions": {)", transitions, "}}"});
+    return withPins(chartOf(state), count);
+}
+
+std::string oneRoundUnderManyEdges(int count)
+{
+    const StateWriter state = [](const std::string& name, const std::string& next) {
+        return stateWithTransition(name,
+                                   concatenated({R"("order": 0, "conditions": "isEdgeEvent(\")", longPinName,
+                                                 name, R"x(\")", "target": ")x", next, "\""}));
+    };
+    return withPins(chartOfMany(count, state, "a"), count);
+}
+
 const std::vector<ManyStates> manyStates{
     {"aChainWithoutRound", chainWithoutRound},
     {"roundsOfTwo", roundsOfTwo},
@@ -264,6 +323,8 @@ const std::vector<ManyStates> manyStates{
     {"regionsThatAllEnterTheirStateAgain", regionsThatAllEnterTheirStateAgain},
     {"oneRoundOfManyConditions", oneRoundOfManyConditions},
     {"oneRoundOfManyConditionsOnVariables", oneRoundOfManyConditionsOnVariables},
+    {"oneStateUnderManyEdges", oneStateUnderManyEdges},
+    {"oneRoundUnderManyEdges", oneRoundUnderManyEdges},
 };
 
 class SearchOfEndlessChains : public testing::TestWithParam<ManyStates>
@@ -279,6 +340,20 @@ TEST_P(SearchOfEndlessChains, TakesStepsInProportionToTheChart)
 }
 
 INSTANTIATE_TEST_SUITE_P(Charts, SearchOfEndlessChains, testing::ValuesIn(manyStates));
+
+TEST(EndlessChains, UnderEdgesOfManyPinsAreSearchedForWithoutAskingForAllPinsOfEach)
+{
+    for (const auto chart : {oneStateUnderManyEdges, oneRoundUnderManyEdges}) {
+        const auto allocationsFor = [&](int count) {
+            const std::string text = chart(count);
+            const std::size_t before = allocationCount();
+            stepsIn(text);
+            return allocationCount() - before;
+        };
+        const std::size_t half = allocationsFor(1000);
+        EXPECT_LE(allocationsFor(2000), 2 * half + half / 2);
+    }
+}
 
 TEST(EndlessChains, AreSearchedForInAFewStepsForEachStateOfUnconditionalCharts)
 {

@@ -32,6 +32,8 @@ const std::vector<LintCase> conditions{
     {"aProductWithZero", actionsOf(R"("int x = 1; if («x * 0») print(x);")"), alwaysFalse},
     {"aFunctionOfTextsOfNumbers", actionsOf(R"("if («etod(\"1\") > 0.0») print(1);")"), alwaysTrue},
     {"anIf", actionsOf(R"("if («1.5») print(\"é\");")"), alwaysTrue},
+    {"behindOtherAlphabetsOnItsLine", actionsOf(R"("print(\"é日😀\\n\"); if («1 > 2») print(1);")"),
+     alwaysFalse},
     {"aWhile", actionsOf(R"("print(\"\\n\"); while («1 > 2») print(1);")"), alwaysFalse},
     {"aDo", actionsOf(R"("do print(1); while («false»);")"), alwaysFalse},
     {"aFor", actionsOf(R"("for (int i = 0; «true»; ++i) print(i);")"), alwaysTrue},

@@ -1,4 +1,5 @@
 #include "lintcase.h"
+#include "support/concatenated.h"
 
 #include <gmock/gmock.h>
 
@@ -237,7 +238,40 @@ const char* const outputType = "output must have \"type\" property that is eithe
 const char* const inputType = "input must have \"type\" property that is either \"bus\" or \"pin\"\n";
 const std::string outputQ = R"("outputs": {"q": {"type": "pin", "initial": "0"}})";
 
+/// A device with a terminal and a variable of each kind that nothing which can be read uses.
+std::string deviceWithStates(std::string_view states)
+{
+    return concatenated(
+        {R"({"inputs": {"d": {"type": "pin"}}, "variables": {"v": {"type": "int", "value": 0}}, )", outputQ,
+         R"(, "outputDelay": 1, "start": "a")", states, "}"});
+}
+
 const std::vector<OneFault> faults{
+    {"statesThatAreNoObject", deviceWithStates(R"(, "states": 5)"), "invalid cast\n"},
+    {"missingStates", deviceWithStates(""), "invalid key\n"},
+    {"entryActionsThatAreNoText", deviceWithStates(R"(, "states": {"a": {"type": "atomic", "onEntry": 5}})"),
+     "invalid format for onEntry definition\n"},
+    {"anEntryActionThatIsNoText",
+     deviceWithStates(R"(, "states": {"a": {"type": "atomic", "onEntry": ["print(\"a\");", 5]}})"),
+     "invalid cast\n"},
+    {"transitionsThatAreNoObject",
+     deviceWithStates(R"(, "states": {"a": {"type": "atomic", "transitions": 5}})"), "invalid cast\n"},
+    {"transitionsThatMightHaveLedSomewhere",
+     chartOf(R"("a": {"type": "atomic", "transitions": 5}, "b": {"type": "atomic"})"), "invalid cast\n"},
+    {"aTransitionThatMightHaveLedSomewhere",
+     chartOf(R"("a": {"type": "atomic", "transitions": {"t": 5}}, "b": {"type": "atomic"})"),
+     "invalid cast\n"},
+    {"aTransitionThatIsNoObject",
+     deviceWithStates(R"(, "states": {"a": {"type": "atomic", "transitions": {"t": 5}}})"), "invalid cast\n"},
+    {"aNestedStateThatIsNoObject",
+     deviceWithStates(R"(, "states": {"a": {"type": "parallel", "substates": {"b": 5}}})"), "invalid cast\n"},
+    {"substatesThatAreNoObject",
+     deviceWithStates(R"(, "states": {"a": {"type": "parallel", "substates": 5}})"), "invalid cast\n"},
+    {"anErrorThatHidesNoAction", // in a state whose name is that of a place for actions
+     deviceWithStates(R"(, "states": {"a": {"type": "parallel", "substates": {"actions": {"type": "parallel",
+         "substates": {"actions": {"type": "atomic"}}}}}})"),
+     "'d': no action uses this input\n'v': no action uses this variable\n'q': no action drives this output\n"
+     "duplicate state identifier: actions\n"},
     {"anOutputWithoutType", deviceOf(R"("outputs": {"q": {}})", R"("")"), outputType},
     {"anInputOfAnUnknownType", deviceOf(R"("inputs": {"d": {"type": "wire"}}, "outputs": {})", R"("")"),
      inputType},
@@ -283,6 +317,10 @@ const std::vector<OneFault> faults{
      R"({"outputs": {}, "outputDelay": 1, "start": "a", "states": {"a": {"type": "parallel", "substates": {
          "b": {"type": "parallel", "substates": {"b": {"type": "atomic", "onEntry": "zz;"}}}}}}})",
      "duplicate state identifier: b\n'zz': undeclared identifier\n"},
+    {"theSecondOfEqualKeysInOneObject", chartOf(R"("a": {"type": "atomic", "transitions": {
+         "t": {"target": "a", "order": 0, "event": "change"},
+         "t": {"target": "a", "order": 0, "event": "change", "actions": "zz;"}}}, "a": 5)"),
+     ""},
     {"aStateWithoutType", chartOf(R"("a": {"é": 1, "initial": "b", "substates": {
          "b": {"type": "atomic", "transitions": {"t": {"target": "c", "order": 0, "event": "change"}}},
          "c": {"type": "atomic"}}})"),
