@@ -106,8 +106,8 @@ private:
         const bool isRegion =
             state.parent && m_chart.states[*state.parent].type == ChartOutline::Type::parallel;
         line(depth + 1, "graph [" + colours + "style=\"rounded,filled," +
-                            (isRegion ? "dashed" : std::string(shape.style)) + "\", label=" + label(state) +
-                            "];");
+                            (isRegion && m_content.usage == nullptr ? "dashed" : std::string(shape.style)) +
+                            "\", label=" + label(state) + "];");
         line(depth + 1, node(index) + " [shape=point, style=invis];");
         if (state.initial)
             writeInitial("initial" + std::to_string(index), *state.initial, depth + 1);

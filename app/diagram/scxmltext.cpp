@@ -1,9 +1,11 @@
 #include "diagram/diagramtext.h"
 #include "diagram/escapes.h"
-#include "simulator/variablevalue.h"
+#include "diagram/scxmlrules.h"
 #include "statechart/text/engineeringnumber.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <set>
 
 namespace {
@@ -11,6 +13,15 @@ namespace {
 std::string escaped(std::string_view text)
 {
     return xmlEscaped(text, "&#10;");
+}
+
+/// A time as style sheets have it, which know no exponents.
+std::string secondsText(double seconds)
+{
+    std::array<char, 400> text;
+    const auto result =
+        std::to_chars(text.data(), text.data() + text.size(), seconds, std::chars_format::fixed);
+    return std::string(text.data(), result.ptr) + "s";
 }
 
 std::string attribute(const std::string& name, const std::string& value)
@@ -50,7 +61,8 @@ public:
         for (const std::size_t state : m_chart.topLevel)
             writeState(state, 1);
         m_result.text += "</scxml>\n";
-        noteRules();
+        for (const std::string& difference : differencesFromScxml(m_chart))
+            unsaid(difference);
         noteMissingTargets(m_content, m_result.unsaid);
         if (m_content.usage != nullptr)
             m_result.unsaid.emplace_back("coverage: there are no colours");
@@ -144,8 +156,7 @@ private:
     std::string delayOf(const ChartOutline::Transition& wake)
     {
         if (wake.wakeTime)
-            return attribute("delay",
-                             textOf(DeviceVariableValue(parseEngineeringNumber(*wake.wakeTime))) + "s");
+            return attribute("delay", secondsText(parseEngineeringNumber(*wake.wakeTime)));
         unsaid("the time of a wake, kept as an attribute that others do not read: " + *wake.wakeTimeCalc +
                " (transition '" + wake.identifier + "')");
         return attribute("device:delayexpr", *wake.wakeTimeCalc);
@@ -187,31 +198,6 @@ private:
         line(depth, start + ">");
         writeActions(transition.actions, depth + 1, "transition '" + transition.identifier + "'");
         line(depth, "</transition>");
-    }
-
-    /// Where the rules of the charts differ in a way that this chart shows.
-    void noteRules()
-    {
-        for (const ChartOutline::Transition& transition : m_chart.transitions) {
-            if (!transition.target)
-                continue;
-            for (std::size_t index = 0; index < m_chart.states.size(); ++index)
-                noteRules(transition, index);
-        }
-    }
-
-    void noteRules(const ChartOutline::Transition& transition, std::size_t index)
-    {
-        const ChartOutline::State& state = m_chart.states[index];
-        if (!state.onExit.empty() && m_chart.isInside(index, transition.source))
-            unsaid("transition '" + transition.identifier + "' runs no exit actions of '" + state.path +
-                   "' inside of its source; there it does");
-        const bool isEnteredOnTheWay = m_chart.isInside(*transition.target, index) &&
-                                       !m_chart.isInside(transition.source, index) &&
-                                       transition.source != index;
-        if (!state.onEntry.empty() && isEnteredOnTheWay)
-            unsaid("transition '" + transition.identifier + "' runs no entry actions of '" + state.path +
-                   "' around its target; there it does");
     }
 
     const DiagramContent& m_content;

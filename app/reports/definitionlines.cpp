@@ -7,6 +7,13 @@
 
 namespace {
 
+/// Of other states the key is not read.
+bool hasSubstates(const JsonValue& state)
+{
+    return state.has("type") &&
+           (state.member("type").equals("compound") || state.member("type").equals("parallel"));
+}
+
 class LineFinder
 {
 public:
@@ -22,7 +29,7 @@ public:
         for (const JsonMember& state : states.asObject()) {
             path.emplace_back(state.key);
             m_lines.states.emplace(around + state.key, lineOf(path));
-            if (state.value.has("substates"))
+            if (hasSubstates(state.value))
                 addStates(state.value.member("substates"), extended(path, "substates"),
                           around + state.key + "/");
             if (state.value.has("transitions"))

@@ -41,16 +41,19 @@ std::string functionLines(const Coverage& coverage, const Lines& lines)
     return names + hits + counts("FNF", "FNH", coverage.stateCount());
 }
 
-/// A condition is a block of its transition's line with two branches: it held, it did not.
+/// A condition is a block of its transition's line with two branches: it held, it did not. A line may have
+/// several transitions.
 std::string branchLines(const Coverage& coverage, const Lines& lines)
 {
     std::string result;
+    std::map<std::size_t, std::size_t> blocks; // so far, by line
     for (const Coverage::Transition& transition : coverage.transitions) {
-        for (std::size_t block = 0; block < transition.conditions.size(); ++block) {
-            const std::uint64_t held = transition.conditions[block].held;
-            const std::uint64_t failed = transition.conditions[block].failed;
-            const std::string start = "BRDA:" + std::to_string(lineOf(lines, transition.identifier)) + "," +
-                                      std::to_string(block) + ",";
+        const std::size_t line = lineOf(lines, transition.identifier);
+        for (const Coverage::Condition& condition : transition.conditions) {
+            const std::uint64_t held = condition.held;
+            const std::uint64_t failed = condition.failed;
+            const std::string start =
+                "BRDA:" + std::to_string(line) + "," + std::to_string(blocks[line]++) + ",";
             // "-": the condition was never tried.
             const auto taken = [&](std::uint64_t count) {
                 return held + failed == 0 ? std::string("-") : std::to_string(count);

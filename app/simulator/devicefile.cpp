@@ -16,7 +16,12 @@ JsonObject readObject(const std::string& text)
 
 DeviceTexts deviceTextsOf(std::string text)
 {
-    const bool isCompiled = readObject(text).contains("nstates");
+    bool isCompiled = false;
+    try {
+        isCompiled = readObject(text).contains("nstates");
+    } catch (const JsonException&) {
+        // what is wrong is told when it is compiled
+    }
     DeviceTexts texts;
     (isCompiled ? texts.compiled : texts.definition) = std::move(text);
     return texts;
@@ -26,9 +31,9 @@ JsonObject compiledDeviceOf(const DeviceTexts& texts)
 {
     if (texts.compiled)
         return readObject(*texts.compiled);
-    const JsonObject definition = readObject(texts.definition.value());
     try {
-        return compileDeviceStateChart(definition, DDCodeBuilderFactory::createCodeBuilder());
+        return compileDeviceStateChart(readObject(texts.definition.value()),
+                                       DDCodeBuilderFactory::createCodeBuilder());
     } catch (const std::exception& error) {
         throw DefinitionHasErrors(error.what());
     }

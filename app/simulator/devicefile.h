@@ -22,11 +22,12 @@ public:
 };
 
 /// Takes a text for a compiled device or a definition, by its content: only a compiled one counts its states.
-/// @throws what readDocument() raises
+/// What cannot be read at all is taken for a definition.
 DeviceTexts deviceTextsOf(std::string text);
 
 /// The compiled device, for linking: as it stands, or else compiled from the definition.
-/// @throws DefinitionHasErrors for a definition that does not compile; what readDocument() raises
+/// @throws DefinitionHasErrors for a definition that cannot be read or does not compile; for a compiled
+/// device what readDocument() raises
 JsonObject compiledDeviceOf(const DeviceTexts& texts);
 
 #endif

@@ -24,6 +24,7 @@ public:
     void addWake(Ticks time, std::uint64_t wakeIdentifier);
 
     bool empty() const { return m_entries.empty(); }
+    std::size_t size() const { return m_entries.size(); }
     Ticks nextTime() const { return m_entries.front().time; }
     bool nextIsWake() const { return m_entries.front().isWake; }
 

@@ -74,7 +74,7 @@ void onAlarm(int)
         eventWatch = {};
         return;
     }
-    if (codeWatch.standsStill(watched->count, looksPerLimit))
+    if (codeWatch.standsStill(watched->count + watched->eventCount, looksPerLimit))
         end("the code does not end (--time-limit gives it longer)");
     if (eventWatch.standsStill(watched->eventCount, looksPerLimit * limitsPerEvent))
         end("what the event brings about does not end (--time-limit gives it longer)");

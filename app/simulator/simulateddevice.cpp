@@ -152,6 +152,7 @@ void SimulatedDevice::scheduleWake(const double& time, std::uint64_t wakeIdentif
     const Ticks span = m_resolution.ticks(time, "the wake time");
     if (span > std::numeric_limits<Ticks>::max() - m_now)
         throw std::runtime_error("the wake time lies beyond the end of time");
+    requireRoomInQueue();
     m_queue.addWake(m_now + span, wakeIdentifier);
     tell(&SimulationListener::wakeArmed, wakeIdentifier, *m_runningCode.code.transition, m_now + span);
 }
@@ -312,10 +313,19 @@ void SimulatedDevice::schedule(const OutputChange& change, double delay)
     const Ticks span = m_resolution.ticks(delay, "the delay");
     if (span > std::numeric_limits<Ticks>::max() - m_now)
         throw std::runtime_error("the delay leads beyond the end of time");
-    if (span == 0)
+    if (span == 0) {
         setLines(change.signal, change.mask, change.lines);
-    else
-        m_queue.add(m_now + span, change);
+        return;
+    }
+    requireRoomInQueue();
+    m_queue.add(m_now + span, change);
+}
+
+void SimulatedDevice::requireRoomInQueue() const
+{
+    if (m_queue.size() >= maximumWaiting)
+        throw std::runtime_error("more than " + std::to_string(maximumWaiting) +
+                                 " changes and wakes wait for their time");
 }
 
 void SimulatedDevice::writeBus(const std::string& bus, const BusValue& value, double delay)

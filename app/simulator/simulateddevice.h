@@ -89,6 +89,9 @@ public:
     /// The states that one event may enter; each may leave a transition that waits to be taken.
     static constexpr int maximumEntries = 1'000'000;
 
+    /// The changes of outputs and the wakes that may lie in the future.
+    static constexpr std::size_t maximumWaiting = 10'000'000;
+
 private:
     void transitionTaken(const Transition& transition) override;
     void codeBegins(const ActorCode& code) override;
@@ -103,6 +106,9 @@ private:
     void beginEvent();
     void endEvent();
     [[noreturn]] void giveUp(const std::string& what);
+
+    /// Where there is no end of changes and wakes, memory would have one.
+    void requireRoomInQueue() const;
 
     template <class Operation, class... Arguments>
     void tell(Operation operation, const Arguments&... arguments) const

@@ -1,5 +1,6 @@
 #include "simulator/stimulus.h"
 
+#include "simulator/exponents.h"
 #include "simulator/jsontext.h"
 #include "statechart/json/jsonwriter.h"
 #include "statechart/text/engineeringnumber.h"
@@ -163,6 +164,7 @@ std::optional<Ticks> Stimulus::lastTime() const
 Stimulus readStimulus(std::string_view text, TimeResolution resolution)
 {
     const JsonValue document = readJsonText(text);
+    refuseSplitExponents(text);
     const Reader root(document, {}, resolution, {"clocks", "events", "expect", "parameters", "until"});
 
     Stimulus stimulus;

@@ -139,10 +139,42 @@ TEST(ScxmlText, SaysWhereItsRulesDiffer)
         written(scxmlText, nested).unsaid,
         ElementsAre("an action, kept as an element that others do not run: e(); (entry of state 'b')",
                     "an action, kept as an element that others do not run: f(); (exit of state 'b/c')",
-                    "transition 'in' runs no entry actions of 'b' around its target; there it does",
-                    "transition 'out' runs no exit actions of 'b/c' inside of its source; there it does",
-                    lostNote));
+                    "transition 'in' runs no entry actions of 'b'; there it does",
+                    "transition 'out' runs no exit actions of 'b/c'; there it does", lostNote));
     EXPECT_THAT(written(scxmlText, nested, true).unsaid, testing::Contains("coverage: there are no colours"));
+}
+
+TEST(ScxmlText, SaysWhichActionsOfOtherRegionsRunThereAndNotHere)
+{
+    constexpr auto regions = R"json(
+        "a": {"type": "atomic", "transitions": {"in": {"target": "r1", "order": 0, "event": "change"}}},
+        "p": {"type": "parallel", "substates": {
+            "r1": {"type": "atomic", "transitions": {"go": {"target": "a", "order": 0, "event": "change"}}},
+            "r2": {"type": "compound", "initial": "x", "substates": {
+                "x": {"type": "atomic", "onEntry": "e();", "onExit": "f();"},
+                "y": {"type": "atomic", "onEntry": "e();"}}}}})json";
+    const std::vector<std::string> unsaid = written(scxmlText, regions).unsaid;
+    EXPECT_THAT(unsaid, testing::Contains("transition 'go' runs no exit actions of 'p/r2/x'; there it does"));
+    EXPECT_THAT(unsaid,
+                testing::Contains("transition 'in' runs no entry actions of 'p/r2/x'; there it does"));
+    EXPECT_THAT(unsaid, Not(testing::Contains(HasSubstr("'p/r2/y'; there")))); // it is not the initial one
+}
+
+TEST(ScxmlText, SaysThatATransitionInwardsLeavesItsSourceThere)
+{
+    constexpr auto inwards = R"json(
+        "c": {"type": "compound", "initial": "c1", "onEntry": "e();", "onExit": "f();",
+            "substates": {"c1": {"type": "atomic"}, "c2": {"type": "atomic"}},
+            "transitions": {"in": {"target": "c2", "order": 0, "event": "change"},
+                            "now": {"target": "c", "order": 1}}})json";
+    const std::vector<std::string> unsaid = written(scxmlText, inwards).unsaid;
+    EXPECT_THAT(unsaid, testing::Contains("transition 'in' runs no exit actions of 'c'; there it does"));
+    EXPECT_THAT(unsaid, testing::Contains("transition 'in' runs no entry actions of 'c'; there it does"));
+    EXPECT_THAT(unsaid,
+                Not(testing::Contains("transition 'now' runs no exit actions of 'c'; there it does")));
+    EXPECT_THAT(unsaid,
+                testing::Contains("transition 'now' has no event and keeps what is inside of 'c' from being "
+                                  "entered; there it is entered first"));
 }
 
 TEST(ScxmlText, GivesStatesNamesThatXmlTakesAndNoneTwice)
@@ -170,7 +202,7 @@ TEST(ScxmlText, SendsAWakeWhenItsStateIsEnteredAndCancelsItWhenThatIsLeft)
     const DiagramText result = written(scxmlText, R"json("a": {"type": "atomic", "transitions": {
         "w": {"target": "a", "order": 0, "event": "wake", "wakeTime": "2n"},
         "two words": {"target": "a", "order": 1, "event": "wake", "wakeTimeCalc": "f()"}}})json");
-    EXPECT_THAT(result.text, HasSubstr("<send event=\"wake.w\" id=\"wake.w\" delay=\"2e-09s\"/>"));
+    EXPECT_THAT(result.text, HasSubstr("<send event=\"wake.w\" id=\"wake.w\" delay=\"0.000000002s\"/>"));
     EXPECT_THAT(result.text, HasSubstr("<cancel sendid=\"wake.w\"/>"));
     EXPECT_THAT(result.text, HasSubstr("<transition event=\"wake.w\" device:id=\"w\" target=\"a\"/>"));
     EXPECT_THAT(result.text, HasSubstr("<send event=\"wake-1\" id=\"wake-1\" device:delayexpr=\"f()\"/>"));

@@ -69,6 +69,16 @@ TEST(DefinitionLines, TakeTheFirstOfTwoEqualKeys)
     EXPECT_EQ(lines.states.at("a"), 2u);
 }
 
+TEST(DefinitionLines, HaveNothingOfSubstatesThatAreNotRead)
+{
+    const DefinitionLines lines("{\"states\": {\"a\": {\"type\": \"atomic\", \"substates\": 5},\n"
+                                "\"b\": {\"type\": \"atomic\", \"substates\": {\n"
+                                "\"c\": {\"type\": \"atomic\", \"transitions\": {\"t\": {}}}}},\n"
+                                "\"d\": {\"type\": \"atomic\", \"transitions\": {\"t\": {}}}}}");
+    EXPECT_EQ(lines.states.count("b/c"), 0u);
+    EXPECT_EQ(lines.transitions.at("t"), 4u);
+}
+
 TEST(DefinitionLines, RefuseWhatIsNoDefinition)
 {
     EXPECT_THROW(DefinitionLines("{\"states\": 5}"), std::exception);
@@ -90,6 +100,15 @@ TEST(LcovTracefile, HasStatesAsFunctionsConditionsAsBranchesAndLines)
                                  "end_of_record\n";
     EXPECT_EQ(lcovText(someCoverage(), "folder/d.json", definition), expected);
     EXPECT_EQ(lcovText(someCoverage(), "folder/d.json", withCarriageReturns(definition)), expected);
+}
+
+TEST(LcovTracefile, NumbersTheConditionsOfAllTransitionsOnOneLine)
+{
+    Coverage coverage;
+    coverage.transitions = {{"t", "a", "a", 1, {{1, 0}}}, {"u", "a", "a", 0, {{0, 1}}}};
+    EXPECT_THAT(lcovText(coverage, "d.json",
+                         R"({"states": {"a": {"type": "atomic", "transitions": {"t": {}, "u": {}}}}})"),
+                testing::HasSubstr("BRDA:1,0,0,1\nBRDA:1,0,1,0\nBRDA:1,1,0,0\nBRDA:1,1,1,1\n"));
 }
 
 TEST(LcovTracefile, KeepsAFieldOnItsLine)

@@ -92,3 +92,12 @@ TEST(Stimulus, IsRefusedWithThePlaceOfWhatIsWrong)
     for (const Refusal& refusal : refusals)
         EXPECT_EQ(refusalOf(refusal.stimulus), refusal.message) << refusal.stimulus;
 }
+
+TEST(Stimulus, WithAnExponentThatWouldBeLostIsRefused)
+{
+    EXPECT_EQ(refusalOf(R"({"events": [{"time": 1.0e-6, "pin": "1e5", "value": 1}], "until": "1e-3"})"), "");
+    EXPECT_EQ(refusalOf("{\n\"until\": 1e-6}"),
+              "line 2: a number with an exponent needs a decimal point, or to be a text: 1e-6");
+    EXPECT_EQ(refusalOf(R"({"parameters": {"\"a\\": -2E3}})"),
+              "line 1: a number with an exponent needs a decimal point, or to be a text: -2E3");
+}
