@@ -23,11 +23,18 @@ std::size_t allocatedBytes()
     return bytes;
 }
 
-void* operator new(std::size_t size)
+// The library's own array forms call these. The form that does not throw is one of its own where a sanitizer
+// replaces it.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     ++allocations;
     bytes += size;
-    if (void* const memory = std::malloc(size > 0 ? size : 1))
+    return std::malloc(size > 0 ? size : 1);
+}
+
+void* operator new(std::size_t size)
+{
+    if (void* const memory = operator new(size, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
@@ -38,6 +45,11 @@ void operator delete(void* memory) noexcept
 }
 
 void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept
 {
     std::free(memory);
 }
