@@ -1,6 +1,6 @@
 // "halvorin run": what it takes, what it prints and writes, and how it ends.
 
-#include "shelltester.h"
+#include "runtester.h"
 #include "statechart/examples.h"
 #include "support/commalocale.h"
 #include "support/smalldefinition.h"
@@ -10,65 +10,6 @@ namespace {
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-/// Follows its input after 1 ns, prints each edge, and divides by a parameter when it is told to.
-constexpr auto follower = R"json({
-    "states": {
-        "low": {"type": "atomic", "onEntry": "setPinLow(\"q\");", "transitions": {
-            "rise": {"target": "high", "order": 0, "event": "change", "conditions": "isPositiveEdge(\"d\")",
-                     "actions": "print(\"up\"); setVariable(\"n\", getVariable_int(\"n\") + 1);"}}},
-        "high": {"type": "atomic", "onEntry": "setPinHigh(\"q\");", "transitions": {
-            "fall": {"target": "low", "order": 0, "event": "change", "conditions": "isNegativeEdge(\"d\")",
-                     "actions": ["print(\"down\");", "print(getParameter_int64_t(\"P\"));"]}}}
-    },
-    "start": "low", "inputs": {"d": {"type": "pin"}}, "outputs": {"q": {"type": "pin", "initial": "0"}},
-    "outputDelay": "1n", "parameters": {"P": {"type": "int64_t", "value": "3"}},
-    "variables": {"n": {"type": "int", "value": 0}}
-})json";
-
-constexpr auto pulse =
-    R"({"events": [{"time": "10n", "pin": "d", "value": 1}, {"time": "20n", "pin": "d", "value": 0}],
-                           "expect": [{"time": "11n", "pin": "q", "value": 1}, {"time": "15n", "variable": "n", "value": 1}],
-                           "until": "30n"})";
-
-/// A device that runs an action when it starts.
-std::string deviceWith(const std::string& jsonAction)
-{
-    return R"({"states": {"a": {"type": "atomic", "onEntry": ["print(\"before\");", ")" + jsonAction +
-           R"("]}}, "start": "a", "outputs": {}, "outputDelay": "1n", "inputs": {"x": {"type": "pin"}}})";
-}
-
-class Run : public ShellTester
-{
-protected:
-    Run()
-    {
-        folder.write("d.json", follower);
-        folder.write("s.json", pulse);
-        std::filesystem::create_directory(folder / "tmp");
-        inTemporaryFolder.environment = {{"TMPDIR", (folder / "tmp").native()}};
-    }
-
-    bool exists(const std::string& name) const { return std::filesystem::exists(folder / name); }
-
-    /// That a run of a device ends in an error and leaves nothing but what it printed.
-    void expectStopped(const std::vector<std::string>& more, const std::string& output,
-                       const std::string& error)
-    {
-        std::vector<std::string> arguments{"run",   "d.json",     "--until", "1",        "--vcd",
-                                           "w.vcd", "--coverage", "c.json",  "--record", "r.json"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        const ProcessResult result = run(arguments, inTemporaryFolder);
-        EXPECT_EQ(result.exitCode, 1);
-        EXPECT_EQ(result.output, output);
-        EXPECT_EQ(result.error, error);
-        EXPECT_TRUE(std::filesystem::is_empty(folder / "tmp"));
-        for (const char* name : {"w.vcd", "c.json", "r.json"})
-            EXPECT_FALSE(exists(name)) << name;
-    }
-
-    ProcessOptions inTemporaryFolder;
-};
 
 } // namespace
 
@@ -470,55 +411,4 @@ TEST_F(Run, FailsWhenLessWasUsedThanAskedFor)
     EXPECT_THAT(result.output, EndsWith("all 6/8 (75.0 %)\n"));
     EXPECT_TRUE(exists("c.json"));
     EXPECT_EQ(run({"run", "d.json", "--until", "0", "--fail-under", "0"}).exitCode, 0);
-}
-
-TEST_F(Run, RepeatsARecordingToTheByteWithoutTheFilesItCameFrom)
-{
-    run({"bundle", "d.json", "d.hvdsc.zip"});
-    folder.write("fails.json", R"({"expect": [{"time": "1n", "pin": "q", "value": 1}]})");
-    for (const char* device : {"d.json", "d.hvdsc.zip"}) {
-        const std::vector<std::string> reports{"--trace", "--coverage", "-", "--lcov", "-"};
-        std::vector<std::string> original{"run",        device,       "--stimulus", "s.json",
-                                          "--stimulus", "fails.json", "--param",    "P=8",
-                                          "--until",    "40n",        "--record",   "r.json"};
-        original.insert(original.end(), reports.begin(), reports.end());
-        const ProcessResult expected = run(original);
-        EXPECT_EQ(expected.exitCode, 1);
-        EXPECT_THAT(expected.output, HasSubstr("\n8\n"));
-        EXPECT_EQ(expected.error, "fails.json: at 1n: q is 0, expected 1\n");
-
-        std::filesystem::create_directory(folder / "elsewhere");
-        std::filesystem::rename(folder / "r.json", folder / "elsewhere/r.json");
-        std::vector<std::string> again{HALVORIN_PROGRAM, "run",      "--replay",
-                                       "r.json",         "--record", "again.json"};
-        again.insert(again.end(), reports.begin(), reports.end());
-        ProcessOptions options;
-        options.folder = (folder / "elsewhere").native();
-        const ProcessResult repeated = runProcess(again, options);
-        EXPECT_EQ(repeated.exitCode, expected.exitCode);
-        EXPECT_EQ(repeated.output, expected.output);
-        EXPECT_EQ(repeated.error, expected.error);
-        EXPECT_EQ(folder.read("elsewhere/again.json"), folder.read("elsewhere/r.json"));
-    }
-}
-
-TEST_F(Run, RepeatsTheWaveformsOfARecording)
-{
-    run({"run", "d.json", "--stimulus", "s.json", "--vcd", "w.vcd", "--record", "r.json"});
-    for (const char* name : {"d.json", "s.json"})
-        std::filesystem::remove(folder / name);
-    ProcessOptions options;
-    options.input = folder.read("r.json");
-    EXPECT_EQ(run({"run", "--replay", "-", "--vcd", "again.vcd"}, options).output, "up\ndown\n3\n");
-    EXPECT_EQ(folder.read("again.vcd"), folder.read("w.vcd"));
-}
-
-TEST_F(Run, RefusesWhatIsNoRecording)
-{
-    EXPECT_EQ(run({"run", "--replay", "s.json"}).error, "halvorin: s.json: not a recording of a run\n");
-    EXPECT_EQ(run({"run", "--replay", "s.json"}).exitCode, 1);
-    folder.write("r.json",
-                 R"({"recording": 1, "device": "d", "definition": "{}", "stimuli": [], "parameters": [],
-                               "resolution": "2n"})");
-    EXPECT_EQ(run({"run", "--replay", "r.json"}).exitCode, 1);
 }
