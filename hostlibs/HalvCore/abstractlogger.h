@@ -8,13 +8,15 @@
 
 namespace Halvorin::System {
 
-/// From what only a developer wants to read to what everyone must.
+/// From what only a developer wants to read to what everyone must. What has no known severity is written
+/// where a developer reads, too.
 enum class MessageSeverity
 {
-    diagnostic,
-    info,
-    warning,
-    error,
+    unspecified = 0,
+    diagnostic = 1,
+    info = 2,
+    warning = 3,
+    error = 4,
 };
 
 /// Takes messages, each with the channel that it belongs to ("python", "lsp", ...). Every form ends in the

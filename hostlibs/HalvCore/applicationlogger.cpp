@@ -1,5 +1,6 @@
 #include "HalvCore/applicationlogger.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdio>
@@ -10,7 +11,7 @@ namespace Halvorin::System {
 
 namespace {
 
-constexpr std::array<const char*, 4> severityNames{"diagnostic", "info", "warning", "error"};
+constexpr std::array<const char*, 5> severityNames{"unspecified", "diagnostic", "info", "warning", "error"};
 
 void writeToStandardError(std::string_view line)
 {
@@ -48,7 +49,7 @@ void ApplicationLogger::setOutput(Output output)
 
 void ApplicationLogger::log(MessageSeverity severity, const String& channel, const String& message)
 {
-    if (severity < level())
+    if (std::max(severity, MessageSeverity::diagnostic) < level())
         return;
     std::string line = severityNames.at(static_cast<std::size_t>(severity));
     line.append(": ").append(channel.toStdStringView());

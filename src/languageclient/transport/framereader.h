@@ -1,0 +1,52 @@
+#ifndef FRAMEREADER_H
+#define FRAMEREADER_H
+
+#include <QObject>
+#include <functional>
+
+class QDateTime;
+class QIODevice;
+class QJsonDocument;
+
+namespace Halvorin::LSP {
+
+/// Cuts the bytes that arrive at a device into JSON documents, by the base protocol of the Language Server
+/// Protocol: header lines, a blank line, a body of "Content-Length" bytes.
+///
+/// What is not complete stays in the device's buffer, inside a transaction that is rolled back, and is read
+/// again when more has come; the body is not copied before it is whole. Of one header block to the next the
+/// reader keeps nothing, but for the number of its lines that were warned of.
+///
+/// A body that is no JSON gives a null document: the stream stays in step. So does an exception of the
+/// handler, which is logged on the channel "lspclient".
+///
+/// The reader is a child of its device and goes with it. The handler may delete the device, write to it, and
+/// run an event loop: what arrives meanwhile is handed over after the handler has returned.
+class FrameReader : public QObject
+{
+public:
+    /// Takes a document and the time at which its body was read.
+    using Handler = std::function<void(const QJsonDocument& document, const QDateTime& timestamp)>;
+
+    /// Reads whenever the device has more. The device must be sequential.
+    FrameReader(QIODevice& device, Handler handler);
+
+    /// Hands over every message that is complete.
+    void read();
+
+private:
+    struct Block;
+
+    bool readMessage();
+    Block readBlock();
+    void hand(const QByteArray& body) const;
+
+    QIODevice& m_device;
+    Handler m_handler;
+    bool m_reading = false;
+    int m_linesWarnedOf = 0;
+};
+
+} // namespace Halvorin::LSP
+
+#endif

@@ -1,0 +1,45 @@
+#include "languageclient/transport/serverprocess.h"
+
+#include "languageclient/transport/platform.h"
+
+#include <QDebug>
+
+namespace Halvorin::LSP {
+
+ServerProcess::ServerProcess(QObject* parent) : QProcess(parent)
+{
+    // A server that is gone may have left others in its group.
+    connect(this, QOverload<int, ExitStatus>::of(&QProcess::finished), this, &ServerProcess::end);
+}
+
+ServerProcess::~ServerProcess()
+{
+    disconnect(); // nobody is to hear of the end of an object that is going
+    end();
+    waitForFinished(); // it was killed: only the system's bookkeeping is waited for
+}
+
+void ServerProcess::startServer(const QString& program, quint16 port)
+{
+    start(program, {QStringLiteral("--socket=") + QString::number(port)}, ReadWrite);
+    m_group = processId();
+    if (const QByteArray output = readAllStandardOutput(); !output.isEmpty())
+        qDebug() << output;
+    // Nobody reads on, and a talkative server must not fill the memory.
+    closeReadChannel(StandardOutput);
+    closeReadChannel(StandardError);
+}
+
+void ServerProcess::end()
+{
+    if (m_group > 0)
+        Platform::killProcessGroup(m_group);
+    kill(); // it may not lead its group yet
+}
+
+void ServerProcess::setupChildProcess()
+{
+    Platform::leadProcessGroup();
+}
+
+} // namespace Halvorin::LSP
