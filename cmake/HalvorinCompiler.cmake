@@ -32,6 +32,8 @@ add_library(halvorin-warnings INTERFACE)
 target_compile_options(halvorin-warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     $<$<BOOL:${HALVORIN_WARNINGS_AS_ERRORS}>:-Werror>
+    # a moved virtual base is moved again by the next base, and is empty then
+    $<$<CXX_COMPILER_ID:GNU>:-Werror=virtual-move-assign>
     # GCC 12 sees overlapping copies in std::string where there are none
     $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>
     # with a sanitizer's checks between, GCC no longer sees that the tag of a variant guards its parts
