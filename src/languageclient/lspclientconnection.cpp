@@ -1,0 +1,101 @@
+// The connection of LSPAbstractClient: the port, the server's process, the socket, and what is written to it.
+
+#include "languageclient/lspabstractclient.h"
+#include "languageclient/transport/framereader.h"
+#include "languageclient/transport/framewriter.h"
+#include "languageclient/transport/logging.h"
+#include "languageclient/transport/promptacknowledgement.h"
+#include "languageclient/transport/serverprocess.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <chrono>
+
+namespace Halvorin::LSP {
+
+using enum LSPClientStatus;
+
+namespace {
+
+using System::MessageSeverity;
+
+/// A server that has lost its client should end by itself. This is the time that it has for it.
+constexpr std::chrono::seconds timeToEnd(2);
+
+} // namespace
+
+void LSPAbstractClient::listen()
+{
+    m_server = new QTcpServer(this);
+    if (!m_server->listen(QHostAddress::LocalHost, 0)) {
+        log(MessageSeverity::warning, serverChannel,
+            QStringLiteral("Language client failed to start: ") + m_server->errorString());
+        return;
+    }
+    connect(m_server, &QTcpServer::newConnection, this, &LSPAbstractClient::acceptConnection);
+    log(MessageSeverity::info, serverChannel,
+        QStringLiteral("Language client started on port: ") + QString::number(m_server->serverPort()));
+}
+
+void LSPAbstractClient::start(const std::wstring& program, bool external)
+{
+    if (external)
+        return;
+    auto* process = new ServerProcess(this);
+    m_process = process;
+    connect(process, &QObject::destroyed, this, [this, process] {
+        if (m_process == process)
+            m_process = nullptr;
+    });
+    connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            [this] { setStatus(Exited); });
+    process->startServer(QString::fromStdWString(program), m_server->serverPort());
+}
+
+void LSPAbstractClient::acceptConnection()
+{
+    if (m_socket != nullptr) {
+        log(MessageSeverity::warning, serverChannel,
+            QStringLiteral("Multiple incoming connections unsupported"));
+        return;
+    }
+    m_socket = m_server->nextPendingConnection();
+    if (m_socket == nullptr)
+        return;
+    setStatus(Connected);
+    acknowledgePromptly(*m_socket);
+    new FrameReader(*m_socket, [this](const QJsonDocument& document, const QDateTime& timestamp) {
+        Q_EMIT messageReceived(document, timestamp);
+    });
+    connect(m_socket, &QTcpSocket::disconnected, this, &LSPAbstractClient::loseConnection);
+    initialize();
+}
+
+void LSPAbstractClient::loseConnection()
+{
+    m_socket->deleteLater();
+    m_socket = nullptr;
+    if (m_status >= Ready && m_process != nullptr)
+        QTimer::singleShot(timeToEnd, m_process, [process = m_process] { process->end(); });
+    Q_EMIT serverDisconnected();
+}
+
+void LSPAbstractClient::write(const LSPMessage& message)
+{
+    const QJsonDocument document(message.toJson());
+    if (m_socket == nullptr) {
+        log(MessageSeverity::warning, serverChannel,
+            QStringLiteral("no connection to the server, message dropped: ") +
+                message.toJson().value(QLatin1String("method")).toString());
+        return;
+    }
+    const QByteArray text = document.toJson(QJsonDocument::Compact);
+    Q_EMIT messageSent(document, QDateTime::currentDateTime());
+    if (isLogged(MessageSeverity::diagnostic))
+        log(MessageSeverity::diagnostic, serverChannel, "sending message: " + text.toStdString());
+    if (m_socket != nullptr) // a handler may have run an event loop
+        writeFrame(*m_socket, text);
+}
+
+} // namespace Halvorin::LSP
