@@ -252,6 +252,12 @@ class ScriptedServer(unittest.TestCase):
                     self.assertEqual(client.read_all(), data)
                 self.assertEqual(client.exit_code(), code)
 
+    def test_stays_when_told_to_exit(self):
+        client = Client(self, {"on": {"exit": []}})
+        self.assertIsNone(client.ask("shutdown")["result"])
+        client.notify("exit")
+        self.assertIsNone(client.ask("shutdown")["result"])
+
     def test_stays_alive_without_a_connection(self):
         client = Client(self, {"steps": [{"close": "end"}, {"hang": True}]})
         self.assertEqual(client.read_all(), b"")
