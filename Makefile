@@ -8,14 +8,17 @@ help: ## Show this list
 dependencies: ## Install what is missing of Debian's packages
 	@scripts/install-dependencies
 
+language-server: dependencies ## Install the language server that tests and the demo talk to
+	@scripts/install-language-server
+
 build: dependencies ## Build everything, optimised, into build/release
 	@cmake --preset release
 	@cmake --build --preset release --parallel $(JOBS)
 
-demo: build ## Compile the example devices and show what came out
+demo: build language-server ## Compile the example devices and show what came out
 	@scripts/demo build/release/bin/halvorin
 
-test: build ## Build and test everything, the headers each alone among it
+test: build language-server ## Build and test everything, the headers each alone among it
 	@cmake --build --preset release --parallel $(JOBS) --target all_verify_interface_header_sets
 	@ctest --preset release --parallel $(JOBS)
 	@$(MAKE) --no-print-directory test-engine
@@ -25,7 +28,7 @@ test-engine: dependencies ## Build and test the engine alone, without Qt
 	@cmake --build --preset engine --parallel $(JOBS)
 	@ctest --preset engine --parallel $(JOBS)
 
-test-sanitize: dependencies ## Build and test with address, leak and undefined-behaviour sanitizers
+test-sanitize: dependencies language-server ## Build and test with address, leak and undefined-behaviour sanitizers
 	@cmake --preset sanitize
 	@cmake --build --preset sanitize --parallel $(JOBS)
 	@UBSAN_OPTIONS=print_stacktrace=1 ctest --preset sanitize --parallel $(JOBS)
@@ -38,7 +41,7 @@ fuzz: dependencies ## Run each fuzz target for SECONDS (60 unless told)
 bench: build ## Time the hot paths, each beside a peer or a limit, and print one table
 	@scripts/bench build/release/bin/halvorin-benchmarks*
 
-coverage: dependencies ## Run the tests with line counters and print a summary of what they reach
+coverage: dependencies language-server ## Run the tests with line counters and print a summary of what they reach
 	@cmake --preset coverage
 	@cmake --build --preset coverage --parallel $(JOBS)
 	@ctest --preset coverage --parallel $(JOBS)
@@ -61,4 +64,4 @@ package: build ## Pack what would be installed into dist
 clean: ## Remove everything that was built
 	@rm -rf build dist
 
-.PHONY: help dependencies build demo test test-engine test-sanitize fuzz bench coverage format lint install package clean
+.PHONY: help dependencies language-server build demo test test-engine test-sanitize fuzz bench coverage format lint install package clean
