@@ -39,6 +39,7 @@ int run(const std::vector<std::string>& commandLine)
     addUnbundleCommand(application, action);
     addRunCommand(application, action);
     addDiagramCommand(application, action);
+    addLspCommand(application, action);
     for (CLI::App* command : application.get_subcommands({}))
         command->footer(command->get_footer() + "\n" + exitCodes);
 

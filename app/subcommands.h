@@ -23,5 +23,6 @@ void addBundleCommand(CLI::App& application, Action& action);
 void addUnbundleCommand(CLI::App& application, Action& action);
 void addRunCommand(CLI::App& application, Action& action);
 void addDiagramCommand(CLI::App& application, Action& action);
+void addLspCommand(CLI::App& application, Action& action);
 
 #endif

@@ -1,6 +1,8 @@
 #ifndef LSPENUMERATIONS_H
 #define LSPENUMERATIONS_H
 
+#include "halvwidgetsexport.h"
+
 #include <QString>
 #include <optional>
 
@@ -82,11 +84,11 @@ enum class LSPSemanticTokenType
 
 /// The text of a value. One outside the enumeration gives "plaintext", "uknown" or "off" for the first three,
 /// and is thrown as std::out_of_range for a semantic token's modifier or type.
-QString textOf(LSPMarkupKind kind);
-QString textOf(LSPLanguageId language);
-QString textOf(LSPTraceValue trace);
-QString textOf(LSPSemanticTokenModifier modifier);
-QString textOf(LSPSemanticTokenType type);
+HALVWIDGETS_EXPORT QString textOf(LSPMarkupKind kind);
+HALVWIDGETS_EXPORT QString textOf(LSPLanguageId language);
+HALVWIDGETS_EXPORT QString textOf(LSPTraceValue trace);
+HALVWIDGETS_EXPORT QString textOf(LSPSemanticTokenModifier modifier);
+HALVWIDGETS_EXPORT QString textOf(LSPSemanticTokenType type);
 
 /// The value of a text, if it names one. Every text names a markup kind, a language and a trace value: one
 /// that is not in the table the plain text, the unknown language, no trace.
@@ -94,15 +96,15 @@ template <class Enumeration>
 std::optional<Enumeration> enumerationOf(const QString& text);
 
 template <>
-std::optional<LSPMarkupKind> enumerationOf(const QString& text);
+HALVWIDGETS_EXPORT std::optional<LSPMarkupKind> enumerationOf(const QString& text);
 template <>
-std::optional<LSPLanguageId> enumerationOf(const QString& text);
+HALVWIDGETS_EXPORT std::optional<LSPLanguageId> enumerationOf(const QString& text);
 template <>
-std::optional<LSPTraceValue> enumerationOf(const QString& text);
+HALVWIDGETS_EXPORT std::optional<LSPTraceValue> enumerationOf(const QString& text);
 template <>
-std::optional<LSPSemanticTokenModifier> enumerationOf(const QString& text);
+HALVWIDGETS_EXPORT std::optional<LSPSemanticTokenModifier> enumerationOf(const QString& text);
 template <>
-std::optional<LSPSemanticTokenType> enumerationOf(const QString& text);
+HALVWIDGETS_EXPORT std::optional<LSPSemanticTokenType> enumerationOf(const QString& text);
 
 /// The value of a text; an unknown name is thrown as std::out_of_range.
 LSPSemanticTokenModifier semanticTokenModifier(const QString& text);

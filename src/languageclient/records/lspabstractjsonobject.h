@@ -1,6 +1,8 @@
 #ifndef LSPABSTRACTJSONOBJECT_H
 #define LSPABSTRACTJSONOBJECT_H
 
+#include "halvwidgetsexport.h"
+
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QLatin1String>
@@ -27,7 +29,7 @@ struct LSPKey
 /// Records are values. They are copied and never moved: a record with several bases has this frame as one
 /// virtual base, and a move assignment would empty it through the first base and then again through the
 /// second.
-class LSPAbstractJsonObject
+class HALVWIDGETS_EXPORT LSPAbstractJsonObject
 {
 public:
     virtual ~LSPAbstractJsonObject();

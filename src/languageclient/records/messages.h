@@ -1,6 +1,7 @@
 #ifndef LSPMESSAGES_H
 #define LSPMESSAGES_H
 
+#include "halvwidgetsexport.h"
 #include "languageclient/records/lsprecord.h"
 
 #include <QMetaType>
@@ -12,7 +13,7 @@ namespace Halvorin::LSP {
 using LSPMessageParams = std::variant<QJsonObject, QJsonArray>;
 
 /// What all messages have in common.
-class LSPMessage : public LSPRecord<>
+class HALVWIDGETS_EXPORT LSPMessage : public LSPRecord<>
 {
 public:
     /// The class of a message: what to copy it as where only the base is known.
@@ -34,7 +35,7 @@ public:
 };
 
 /// A message that asks for a response.
-class LSPRequestMessage : public LSPRecord<LSPMessage>
+class HALVWIDGETS_EXPORT LSPRequestMessage : public LSPRecord<LSPMessage>
 {
     LSP_RECORD(LSPRequestMessage,
                LSP_REQUIRED(int, id, setId),
@@ -49,7 +50,7 @@ public:
 };
 
 /// A message that asks for none.
-class LSPNotificationMessage : public LSPRecord<LSPMessage>
+class HALVWIDGETS_EXPORT LSPNotificationMessage : public LSPRecord<LSPMessage>
 {
     LSP_RECORD(LSPNotificationMessage,
                LSP_REQUIRED(QString, method, setMethod),
@@ -62,7 +63,7 @@ public:
 };
 
 /// Why a request failed.
-class LSPResponseError : public LSPRecord<>
+class HALVWIDGETS_EXPORT LSPResponseError : public LSPRecord<>
 {
     LSP_RECORD(LSPResponseError,
                LSP_REQUIRED(int, code, setCode),
@@ -80,7 +81,7 @@ public:
 };
 
 /// The answer to a request: a result or an error.
-class LSPResponseMessage : public LSPRecord<LSPMessage>
+class HALVWIDGETS_EXPORT LSPResponseMessage : public LSPRecord<LSPMessage>
 {
 public:
     /// A reply to nothing: its id is null.
@@ -101,7 +102,7 @@ public:
 };
 
 /// A response's error, thrown to who waits for its result. what() is the error's message.
-class LSPRequestException : public std::runtime_error
+class HALVWIDGETS_EXPORT LSPRequestException : public std::runtime_error
 {
 public:
     explicit LSPRequestException(const LSPResponseError& error);

@@ -1,6 +1,7 @@
 #ifndef LSPSERVERCAPABILITIES_H
 #define LSPSERVERCAPABILITIES_H
 
+#include "halvwidgetsexport.h"
 #include "languageclient/records/completion.h"
 #include "languageclient/records/signaturehelp.h"
 
@@ -10,7 +11,7 @@ namespace Halvorin::LSP {
 
 /// What the server can do, as it answers "initialize". Typed readers stand for the parts that are used; what
 /// else there is can be asked for by name.
-class LSPServerCapabilities : public LSPRecord<>
+class HALVWIDGETS_EXPORT LSPServerCapabilities : public LSPRecord<>
 {
 public:
     /// In the order of allCapabilities(). To add one: here, and a row in the source file.

@@ -1,6 +1,7 @@
 #ifndef LSPTYPEDMESSAGES_H
 #define LSPTYPEDMESSAGES_H
 
+#include "halvwidgetsexport.h"
 #include "languageclient/records/completion.h"
 #include "languageclient/records/configuration.h"
 #include "languageclient/records/diagnostics.h"
@@ -11,7 +12,7 @@
 namespace Halvorin::LSP {
 
 /// "completionItem/resolve": asks for what a completion does not hold yet.
-class LSPCompletionItemResolveRequest : public LSPRecord<LSPRequestMessage>
+class HALVWIDGETS_EXPORT LSPCompletionItemResolveRequest : public LSPRecord<LSPRequestMessage>
 {
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPCompletionItemResolveRequest);
 
@@ -20,7 +21,7 @@ public:
 };
 
 /// "textDocument/semanticTokens/full".
-class LSPSemanticTokensRequest : public LSPRecord<LSPRequestMessage>
+class HALVWIDGETS_EXPORT LSPSemanticTokensRequest : public LSPRecord<LSPRequestMessage>
 {
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPSemanticTokensRequest);
 
@@ -29,7 +30,7 @@ public:
 };
 
 /// "workspace/configuration", as it comes from the server.
-class LSPConfigurationRequest : public LSPRecord<LSPRequestMessage>
+class HALVWIDGETS_EXPORT LSPConfigurationRequest : public LSPRecord<LSPRequestMessage>
 {
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPConfigurationRequest);
 
@@ -39,7 +40,7 @@ public:
 };
 
 /// "textDocument/publishDiagnostics", as it comes from the server.
-class LSPPublishDiagnosticsNotification : public LSPRecord<LSPNotificationMessage>
+class HALVWIDGETS_EXPORT LSPPublishDiagnosticsNotification : public LSPRecord<LSPNotificationMessage>
 {
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPPublishDiagnosticsNotification);
 
