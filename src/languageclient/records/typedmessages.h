@@ -16,6 +16,7 @@ class LSPCompletionItemResolveRequest : public LSPRecord<LSPRequestMessage>
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPCompletionItemResolveRequest);
 
 public:
+    LSPCompletionItemResolveRequest() = default;
     LSPCompletionItemResolveRequest(int id, const LSPCompletionItem& item);
 };
 
@@ -25,6 +26,7 @@ class LSPSemanticTokensRequest : public LSPRecord<LSPRequestMessage>
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPSemanticTokensRequest);
 
 public:
+    LSPSemanticTokensRequest() = default;
     LSPSemanticTokensRequest(int id, const LSPSemanticTokensParams& params);
 };
 
