@@ -106,27 +106,27 @@ public:                                                                         
 #define LSP_DETAIL_ACCESSORS_REQUIRED(type, getter, setter)                                                  \
     LSPRequired<type>::Type getter() const                                                                   \
     {                                                                                                        \
-        return LSPRequired<type>::read(LSPAbstractJsonObject::value(QLatin1String(#getter)));                \
+        return LSPRequired<type>::read(LSPAbstractJsonObject::value(LSP_DETAIL_NAME(getter)));               \
     }                                                                                                        \
     LSP_DETAIL_SETTER(type, getter, setter)
 #define LSP_DETAIL_ACCESSORS_OPTIONAL(type, getter, setter)                                                  \
     std::optional<type> getter() const                                                                       \
     {                                                                                                        \
-        if (!LSPAbstractJsonObject::contains(QLatin1String(#getter)))                                        \
+        if (!LSPAbstractJsonObject::contains(LSP_DETAIL_NAME(getter)))                                       \
             return {};                                                                                       \
-        return LSPJson<type>::read(LSPAbstractJsonObject::value(QLatin1String(#getter)));                    \
+        return LSPJson<type>::read(LSPAbstractJsonObject::value(LSP_DETAIL_NAME(getter)));                   \
     }                                                                                                        \
     LSP_DETAIL_SETTER(type, getter, setter)
 #define LSP_DETAIL_ACCESSORS_INHERITED(type, getter, setter)
 #define LSP_DETAIL_SETTER(type, getter, setter)                                                              \
     void setter(const type& newValue)                                                                        \
     {                                                                                                        \
-        LSPAbstractJsonObject::setValue(QLatin1String(#getter), LSPJson<type>::write(newValue));             \
+        LSPAbstractJsonObject::setValue(LSP_DETAIL_NAME(getter), LSPJson<type>::write(newValue));            \
     }
 
 #define LSP_DETAIL_KEY(kind, check, type, getter, setter) LSP_DETAIL_KEY_##kind(check, getter)
-#define LSP_DETAIL_KEY_REQUIRED(check, getter) LSPKey{QLatin1String(#getter), true, check},
-#define LSP_DETAIL_KEY_OPTIONAL(check, getter) LSPKey{QLatin1String(#getter), false, check},
+#define LSP_DETAIL_KEY_REQUIRED(check, getter) LSPKey{LSP_DETAIL_NAME(getter), true, check},
+#define LSP_DETAIL_KEY_OPTIONAL(check, getter) LSPKey{LSP_DETAIL_NAME(getter), false, check},
 #define LSP_DETAIL_KEY_INHERITED(check, getter)
 
 #define LSP_DETAIL_KEY_COUNT(kind, check, type, getter, setter) LSP_DETAIL_KEY_COUNT_##kind
@@ -153,6 +153,9 @@ public:                                                                         
 #define LSP_DETAIL_ASSIGNMENT_REQUIRED(getter, setter) this->setter(getter);
 #define LSP_DETAIL_ASSIGNMENT_OPTIONAL(getter, setter)
 #define LSP_DETAIL_ASSIGNMENT_INHERITED(getter, setter) this->setter(getter);
+
+// With its length, which not every compiler counts in a constant expression.
+#define LSP_DETAIL_NAME(getter) QLatin1String(#getter, static_cast<int>(sizeof(#getter)) - 1)
 
 // None for a record without required keys: it would be a second default constructor.
 #define LSP_DETAIL_CONSTRUCTOR(name, assignments, ...)                                                       \

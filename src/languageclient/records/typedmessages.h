@@ -17,6 +17,7 @@ class HALVWIDGETS_EXPORT LSPCompletionItemResolveRequest : public LSPRecord<LSPR
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPCompletionItemResolveRequest);
 
 public:
+    LSPCompletionItemResolveRequest() = default;
     LSPCompletionItemResolveRequest(int id, const LSPCompletionItem& item);
 };
 
@@ -26,6 +27,7 @@ class HALVWIDGETS_EXPORT LSPSemanticTokensRequest : public LSPRecord<LSPRequestM
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPSemanticTokensRequest);
 
 public:
+    LSPSemanticTokensRequest() = default;
     LSPSemanticTokensRequest(int id, const LSPSemanticTokensParams& params);
 };
 
