@@ -1,7 +1,7 @@
 #include "HostSupport/fileversion.h"
 
 #include "HostSupport/firstline.h"
-#include "support/temporaryfolder.h"
+#include "support/fakeprogram.h"
 
 #include <chrono>
 #include <csignal>
@@ -13,18 +13,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A program that the system's shell runs.
-fs::path script(const TemporaryFolder& folder, const std::string& name, const std::string& text)
-{
-    const fs::path file = folder.write(name, "#!/bin/sh\n" + text + "\n");
-    fs::permissions(file, fs::perms::owner_all);
-    return file;
-}
-
 std::optional<FileVersion> versionThatIsAnswered(const std::string& text)
 {
     const TemporaryFolder folder;
-    return sp_GetFileVersion(script(folder, "python3", text));
+    return sp_GetFileVersion(fakeProgram(folder, "python3", text));
 }
 
 bool isRunning(const std::string& process)
@@ -82,12 +74,12 @@ TEST(FileVersion, IsAskedForOnceUntilTheFileChanges)
 {
     const TemporaryFolder folder;
     const std::string count = "echo x >> '" + (folder / "count").native() + "'; ";
-    const fs::path file = script(folder, "python3", count + "echo 'Python 3.11.1'");
+    const fs::path file = fakeProgram(folder, "python3", count + "echo 'Python 3.11.1'");
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(sp_GetFileVersion(file), (FileVersion{3, 11}));
     EXPECT_EQ(folder.read("count"), "x\n");
 
-    const fs::path other = script(folder, "other", count + "echo 'Python 3.12.1'");
+    const fs::path other = fakeProgram(folder, "other", count + "echo 'Python 3.12.1'");
     fs::rename(other, file);
     EXPECT_EQ(sp_GetFileVersion(file), (FileVersion{3, 12}));
     EXPECT_EQ(folder.read("count"), "x\nx\n");
@@ -97,7 +89,7 @@ TEST(FileVersion, ThatIsNoneIsAskedForOnceToo)
 {
     const TemporaryFolder folder;
     const fs::path file =
-        script(folder, "python3", "echo x >> '" + (folder / "count").native() + "'; echo nonsense");
+        fakeProgram(folder, "python3", "echo x >> '" + (folder / "count").native() + "'; echo nonsense");
     EXPECT_EQ(sp_GetFileVersion(file), std::nullopt);
     EXPECT_EQ(sp_GetFileVersion(file), std::nullopt);
     EXPECT_EQ(folder.read("count"), "x\n");
@@ -106,14 +98,15 @@ TEST(FileVersion, ThatIsNoneIsAskedForOnceToo)
 TEST(FirstLine, IsWhatThereIsOfItWhenTheTimeIsUp)
 {
     const TemporaryFolder folder;
-    EXPECT_EQ(HostSupport::firstLineOf(script(folder, "program", "printf begun; exec sleep 1000"), {}, 3s),
-              "begun");
+    EXPECT_EQ(
+        HostSupport::firstLineOf(fakeProgram(folder, "program", "printf begun; exec sleep 1000"), {}, 3s),
+        "begun");
 }
 
 TEST(FirstLine, LeavesNothingRunningOfAProgramThatHangs)
 {
     const TemporaryFolder folder;
-    const fs::path file = script(folder, "program", "sleep 1000 & echo $! $$; wait");
+    const fs::path file = fakeProgram(folder, "program", "sleep 1000 & echo $! $$; wait");
     std::istringstream line(HostSupport::firstLineOf(file, {}, 60s));
     std::string background;
     std::string program;
@@ -127,14 +120,14 @@ TEST(FirstLine, IsCutWhereItIsTooLong)
 {
     const TemporaryFolder folder;
     const std::string line =
-        HostSupport::firstLineOf(script(folder, "program", "yes | tr -d '\\n'"), {}, 60s);
+        HostSupport::firstLineOf(fakeProgram(folder, "program", "yes | tr -d '\\n'"), {}, 60s);
     EXPECT_EQ(line.size(), HostSupport::longestFirstLine);
 }
 
 TEST(FirstLine, IsThatOfAProgramThatReadsAndComplains)
 {
     const TemporaryFolder folder;
-    const fs::path file = script(folder, "program", R"(cat; echo complaint >&2; echo "$1,$2")");
+    const fs::path file = fakeProgram(folder, "program", R"(cat; echo complaint >&2; echo "$1,$2")");
     EXPECT_EQ(HostSupport::firstLineOf(file, {"a b", "c"}, 60s), "a b,c");
 }
 
