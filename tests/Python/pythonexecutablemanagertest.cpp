@@ -1,6 +1,6 @@
 #include "Python/pythonexecutablemanager.h"
 
-#include "pythontester.h"
+#include "support/python/pythontester.h"
 
 #include <filesystem>
 

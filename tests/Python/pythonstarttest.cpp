@@ -1,6 +1,6 @@
 #include "Python/pythonstart.h"
 
-#include "pythontester.h"
+#include "support/python/pythontester.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include "HalvCore/application.h"
 #include "HostSupport/options.h"
 #include "HostSupport/optionstore.h"
-#include "fakemachine.h"
 #include "support/environmentvariable.h"
+#include "support/python/fakemachine.h"
 
 /// A test with a machine, options, a PATH and a log of its own.
 class PythonTester : public testing::Test

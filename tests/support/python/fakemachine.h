@@ -5,6 +5,7 @@
 #include "support/temporaryfolder.h"
 
 #include <map>
+#include <optional>
 
 /// A machine of a test's own: what is installed, what has a plug-in and what happens when one is loaded is
 /// set up in tables, and what was asked for is kept.

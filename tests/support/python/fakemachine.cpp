@@ -1,7 +1,6 @@
-#include "fakemachine.h"
+#include "support/python/fakemachine.h"
 
 #include <cstdlib>
-#include <optional>
 
 namespace {
 
