@@ -1,5 +1,6 @@
 #include "interpreter.h"
 
+#include <csignal>
 #include <dlfcn.h>
 #include <filesystem>
 #include <optional>
@@ -49,6 +50,21 @@ PyStatus initialise()
     return status;
 }
 
+/// Loads the module that handles signals, which would take the interrupt from the program, were it not
+/// ignored at that moment.
+void loadSignalModule()
+{
+    struct sigaction ignored
+    {};
+    struct sigaction before
+    {};
+    ignored.sa_handler = SIG_IGN;
+    ::sigaction(SIGINT, &ignored, &before);
+    Py_XDECREF(PyImport_ImportModule("_signal"));
+    PyErr_Clear();
+    ::sigaction(SIGINT, &before, nullptr);
+}
+
 } // namespace
 
 Interpreter& Interpreter::instance()
@@ -68,6 +84,7 @@ Interpreter::Interpreter()
         m_failure = status.err_msg ? status.err_msg : "Python cannot be started";
         return;
     }
+    loadSignalModule();
     m_thread = std::this_thread::get_id();
     m_threadState = PyEval_SaveThread();
 }

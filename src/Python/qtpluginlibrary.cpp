@@ -12,7 +12,10 @@ QtPluginLibrary::QtPluginLibrary(const FilePath& file)
 
 bool QtPluginLibrary::load()
 {
-    return m_library.load();
+    if (m_library.load())
+        return true;
+    m_library.unload(); // it would not try again otherwise
+    return false;
 }
 
 FilePath QtPluginLibrary::file() const
