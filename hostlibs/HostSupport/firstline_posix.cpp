@@ -43,6 +43,7 @@ public:
         if (m_process < 0)
             return;
         ::kill(-m_process, SIGKILL);
+        ::kill(m_process, SIGKILL); // it may have left its group
         while (::waitpid(m_process, nullptr, 0) < 0 && errno == EINTR) {
         }
     }

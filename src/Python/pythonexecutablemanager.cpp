@@ -113,7 +113,7 @@ bool PythonExecutableManager::isUsable(const std::string& version) const
 
 std::string PythonExecutableManager::defaultVersion() const
 {
-    const std::string chosen = stringOption("python.pythonVersion");
+    std::string chosen = stringOption("python.pythonVersion");
     if (isUsable(chosen))
         return chosen;
     const std::vector<std::string> versions = usableVersions();

@@ -6,6 +6,12 @@ using Halvorin::System::narrowText;
 
 namespace {
 
+std::wstring below(std::wstring path, const std::wstring& name)
+{
+    path += L'\\';
+    return path += name;
+}
+
 std::vector<std::wstring> subKeys(RegistryReader& registry, RegistryRoot root, const std::wstring& path)
 {
     std::vector<std::wstring> names;
@@ -19,7 +25,7 @@ std::vector<std::wstring> subKeys(RegistryReader& registry, RegistryRoot root, c
 /// The interpreter's path as a tag gives it; empty when it gives none.
 std::wstring interpreterPath(RegistryReader& registry, RegistryRoot root, const std::wstring& tagPath)
 {
-    const auto key = registry.open(root, tagPath + L"\\InstallPath");
+    const auto key = registry.open(root, below(tagPath, L"InstallPath"));
     if (!key)
         return {};
     std::wstring path = key->value(L"ExecutablePath").value_or(L"");
@@ -41,9 +47,9 @@ std::vector<PythonInstallation> searchRegistry(RegistryReader& registry, const V
     for (const RegistryRoot root : {RegistryRoot::currentUser, RegistryRoot::localMachine}) {
         const std::wstring top = L"Software\\Python";
         for (const std::wstring& company : subKeys(registry, root, top)) {
-            const std::wstring companyPath = top + L"\\" + company;
+            const std::wstring companyPath = below(top, company);
             for (const std::wstring& tag : subKeys(registry, root, companyPath)) {
-                const std::wstring tagPath = companyPath + L"\\" + tag;
+                const std::wstring tagPath = below(companyPath, tag);
                 const auto key = registry.open(root, tagPath);
                 const std::wstring path = interpreterPath(registry, root, tagPath);
                 if (!key || path.empty())

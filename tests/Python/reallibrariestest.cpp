@@ -52,7 +52,7 @@ protected:
                 [&log](std::string_view line) { log += line; });
             const PythonExecutableManager manager;
             const bool done = manager.load(manager.defaultVersion());
-            log += done == isPythonLoaded() || !done ? (done ? "loaded" : "failed") : "not among the modules";
+            log += !done ? "failed" : isPythonLoaded() ? "loaded" : "not among the modules";
             machine.folder.write("log", log);
             return 0;
         });

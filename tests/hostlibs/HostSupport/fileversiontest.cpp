@@ -58,6 +58,12 @@ TEST(FileVersion, IsNoneForAnAnswerOfMegabytes)
     EXPECT_EQ(versionThatIsAnswered("echo 'Python 3.12.4'; exec yes"), (FileVersion{3, 12}));
 }
 
+TEST(FileVersion, IsNoneForAnInterpreterThatHangs)
+{
+    EXPECT_EQ(versionThatIsAnswered("exec sleep 1000"), std::nullopt);
+    EXPECT_EQ(versionThatIsAnswered("echo 'Python 3.12.4'; exec sleep 1000"), (FileVersion{3, 12}));
+}
+
 TEST(FileVersion, IsNoneForWhatIsNoProgram)
 {
     const TemporaryFolder folder;
@@ -114,6 +120,15 @@ TEST(FirstLine, LeavesNothingRunningOfAProgramThatHangs)
     EXPECT_FALSE(isRunning(program));
     while (isRunning(background)) // killed already: somebody else is to reap it
         ::usleep(1000);
+}
+
+TEST(FirstLine, IsNotWaitedForWhenAProgramLeavesItsGroup)
+{
+    const TemporaryFolder folder;
+    const fs::path file =
+        fakeProgram(folder, "program",
+                    "exec perl -e '$| = 1; setpgrp(0, getpgrp(getppid())); print qq(x\\n); sleep 1000'");
+    EXPECT_EQ(HostSupport::firstLineOf(file, {}, 60s), "x");
 }
 
 TEST(FirstLine, IsCutWhereItIsTooLong)
