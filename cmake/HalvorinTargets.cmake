@@ -1,15 +1,14 @@
 # A folder is a target: what stands in the folder is what the target builds.
 
 # halvorin_add_folder(NAME [LINKS target...] [PRIVATE_LINKS target...] [QT])
-#   A static library of every .cpp and .h in the current folder. The shared library is made of the
-#   objects of all folders; unit tests link the folders' targets directly.
+#   A static library of every .cpp and .h in the current folder, but for the files of other platforms. The
+#   shared library is made of the objects of all folders; unit tests link the folders' targets directly.
 function(halvorin_add_folder name)
     cmake_parse_arguments(FOLDER "QT" "" "LINKS;PRIVATE_LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS *.cpp)
     file(GLOB headers CONFIGURE_DEPENDS *.h)
-    # a file whose name ends in a platform is built there alone
     if(WIN32)
-        list(FILTER sources EXCLUDE REGEX "_(posix|linux)\\.cpp$")
+        list(FILTER sources EXCLUDE REGEX "_(linux|posix)\\.cpp$")
     else()
         list(FILTER sources EXCLUDE REGEX "_windows\\.cpp$")
     endif()

@@ -14,7 +14,7 @@ struct InterpreterPlaces
     std::vector<std::filesystem::path> systemFolders;
     std::string searchPath; // PATH
     std::filesystem::path home;
-    std::filesystem::path pyenvRoot; // ".pyenv" in the home where it is empty
+    std::filesystem::path pyenvRoot; // where the user moved it; empty: in the home alone
 };
 
 /// The absolute folders of a search path; what stands in the folder that happens to be the current one must
