@@ -7,7 +7,7 @@
 #include "languageclient/requestmonitors.h"
 #include "languageclient/transport/framereader.h"
 #include "languageclient/triggerkeys.h"
-#include "tests/support/qtcore/chunkeddevice.h"
+#include "support/qtcore/chunkeddevice.h"
 
 #include <QDateTime>
 #include <QJsonDocument>

@@ -23,6 +23,8 @@
 enum class ScriptArgumentType : int
 {
     string = 1,
+    number = 3,
+    none = 4, // of a function that takes no argument
 };
 
 enum class ScriptResultType : int

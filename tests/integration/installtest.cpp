@@ -121,4 +121,9 @@ TEST(Install, LetsAProgramFromOutsideBuildAgainstTheLibrary)
     step = runProcess({folder / "prefix/bin/halvorin", "functions"});
     EXPECT_EQ(step.exitCode, 0) << step.error;
     EXPECT_THAT(step.output, testing::HasSubstr("CompileDigitalDeviceStateChart"));
+
+    ProcessOptions options;
+    options.environment.emplace_back("XDG_CONFIG_HOME", folder / "config");
+    step = runProcess({folder / "prefix/bin/halvorin", "call", "IsPythonLoaded"}, options);
+    EXPECT_EQ(step.output, "true\n") << step.error;
 }

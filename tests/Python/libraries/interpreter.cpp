@@ -1,0 +1,6 @@
+__attribute__((visibility("default"))) int interpreterVersion();
+
+int interpreterVersion()
+{
+    return 910;
+}
