@@ -5,11 +5,11 @@
 
 namespace recordcases {
 
-QJsonArray samplesOf(const QByteArray& text)
+QJsonArray Field::samples() const
 {
-    const QJsonArray samples = QJsonDocument::fromJson('[' + text + ']').array();
+    const QJsonArray samples = QJsonDocument::fromJson(QByteArray("[") + texts + ']').array();
     if (samples.isEmpty())
-        throw std::invalid_argument("no JSON values: " + text.toStdString());
+        throw std::invalid_argument(std::string("no JSON values: ") + texts);
     return samples;
 }
 

@@ -3,8 +3,7 @@
 
 #include "languageclient/records/lsprecord.h"
 
-#include <QByteArray>
-#include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -23,16 +22,20 @@ namespace recordcases {
 
 using Frame = Halvorin::LSP::LSPAbstractJsonObject;
 
-/// A key of a record, with its getter and setter.
+/// A key of a record, with its getter and setter. Made of what needs no destruction: with the sanitizers, the
+/// compiler takes minutes over a long list of anything else.
 struct Field
 {
-    QString key;
+    const char* name;
     bool required;
     /// Whether the getter gives an array, which is not there when an element is of another type.
     bool list;
-    QJsonArray samples;
+    const char* texts;
     /// Reads the field of the one record and, where there is something, writes it to the other.
-    std::function<void(const Frame& from, Frame& to)> transfer;
+    void (*transfer)(const Frame& from, Frame& to);
+
+    QString key() const { return QLatin1String(name); }
+    QJsonArray samples() const;
 };
 
 /// A record with the fields of its own, and what can be done with its class.
@@ -42,14 +45,14 @@ struct RecordCase
     std::type_index type;
     std::vector<std::type_index> bases;
     std::vector<Field> fields;
-    std::function<std::span<const Halvorin::LSP::LSPKey>()> keys;
-    std::function<std::unique_ptr<Frame>()> make;
-    std::function<std::unique_ptr<Frame>(const QJsonObject&)> makeOf;
+    std::span<const Halvorin::LSP::LSPKey> (*keys)();
+    std::unique_ptr<Frame> (*make)();
+    std::unique_ptr<Frame> (*makeOf)(const QJsonObject&);
     /// By the constructor that takes the required keys; null where the record has none.
-    std::function<std::unique_ptr<Frame>(const Frame&)> makeOfRequired;
-    /// Copies, assigns, swaps and erases records of the two contents, and gives back the contents that do not
-    /// stand where they should.
-    std::function<QStringList(const QJsonObject&, const QJsonObject&)> copyAround;
+    std::unique_ptr<Frame> (*makeOfRequired)(const Frame&);
+    /// Copies, assigns, swaps and erases records of the two contents, and names what does not hold then what
+    /// it should.
+    QStringList (*copyAround)(const QJsonObject&, const QJsonObject&);
 };
 
 /// All rows.
@@ -87,8 +90,6 @@ void hand(const std::optional<T>& value, Set set)
         set(*value);
 }
 
-QJsonArray samplesOf(const QByteArray& text);
-
 template <class Record>
 QStringList copyAround(const QJsonObject& one, const QJsonObject& other)
 {
@@ -120,21 +121,22 @@ QStringList copyAround(const QJsonObject& one, const QJsonObject& other)
 }
 
 template <class Record, class BaseList, class MakeOfRequired>
-RecordCase recordCase(const char* name, BaseList, MakeOfRequired makeOfRequired, std::vector<Field> fields)
+RecordCase recordCase(const char* name, BaseList, MakeOfRequired, std::initializer_list<Field> fields)
 {
     static_assert(BaseList::template areOf<Record>);
-    RecordCase result{name,
-                      typeid(Record),
-                      BaseList::types(),
-                      std::move(fields),
-                      &Record::keys,
-                      [] { return std::make_unique<Record>(); },
-                      [](const QJsonObject& object) { return std::make_unique<Record>(object); },
-                      {},
-                      &copyAround<Record>};
+    RecordCase result{
+        name,
+        typeid(Record),
+        BaseList::types(),
+        fields,
+        &Record::keys,
+        []() -> std::unique_ptr<Frame> { return std::make_unique<Record>(); },
+        [](const QJsonObject& object) -> std::unique_ptr<Frame> { return std::make_unique<Record>(object); },
+        nullptr,
+        &copyAround<Record>};
     if constexpr (!std::is_null_pointer_v<MakeOfRequired>) {
-        result.makeOfRequired = [makeOfRequired](const Frame& from) {
-            return std::make_unique<Record>(makeOfRequired(dynamic_cast<const Record&>(from)));
+        result.makeOfRequired = [](const Frame& from) -> std::unique_ptr<Frame> {
+            return std::make_unique<Record>(MakeOfRequired()(dynamic_cast<const Record&>(from)));
         };
     }
     return result;
@@ -152,11 +154,11 @@ RecordCase recordCase(const char* name, BaseList, MakeOfRequired makeOfRequired,
 #define OPTIONAL(getter, setter, samples) FIELD(false, getter, setter, samples)
 #define FIELD(required, getter, setter, samples)                                                             \
     {                                                                                                        \
-        QStringLiteral(#getter), required, isList<decltype(std::declval<R>().getter())>, samplesOf(samples), \
-            [](const Frame& from, Frame& to) {                                                               \
-                hand(dynamic_cast<const R&>(from).getter(),                                                  \
-                     [&](const auto& value) { dynamic_cast<R&>(to).setter(value); });                        \
-            }                                                                                                \
+#getter, required, isList<decltype(std::declval<R>().getter())>, samples, \
+            [](const Frame& from, Frame& to) { \
+                hand(dynamic_cast<const R&>(from).getter(), \
+                     [&](const auto& value) { dynamic_cast<R&>(to).setter(value); }); \
+            }                                  \
     }
 
 // Values that many records hold.
