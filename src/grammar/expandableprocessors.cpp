@@ -1,0 +1,113 @@
+#include "grammar/expandableprocessors.h"
+
+#include "HalvCore/application.h"
+#include "grammar/continuations.h"
+
+namespace Halvorin::TextMate {
+
+namespace {
+
+/// Items in items beyond this depth do not open: text from outside must not decide how deep the stack of
+/// calls is.
+constexpr int maximumDepth = 500;
+
+void logDepthOnce()
+{
+    [[maybe_unused]] static const bool logged = [] {
+        System::Application::instance().logger().diagnostic("grammar", "rules are nested too deeply");
+        return true;
+    }();
+}
+
+} // namespace
+
+std::shared_ptr<AbstractGrammarProcessorStackItem>
+ExpandableProcessorStackItem::nextItem(GrammarLine& line, const ResolvedRules& rules, int position)
+{
+    std::optional<RuleMatch> match = line.bestMatch(rules, position, anchor());
+    if (!match)
+        return nullptr;
+    const auto self = std::static_pointer_cast<AbstractGrammarProcessorStackItem>(shared_from_this());
+    if (!match->rule->isBeginEnd())
+        return std::make_shared<MatchProcessorStackItem>(*std::move(match), self);
+    if (depth() < maximumDepth)
+        return std::make_shared<BeginEndProcessorStackItem>(*std::move(match), self);
+    logDepthOnce();
+    return nullptr;
+}
+
+ExpandableProcessorStackItem::Outcome
+ExpandableProcessorStackItem::processNext(GrammarLine& line, AbstractGrammarProcessorStackItem& next,
+                                          ProcessResult& result)
+{
+    result = next.process(line);
+    if (std::holds_alternative<Continued>(result)) {
+        setEnd(line.length());
+        return Outcome::open;
+    }
+    setEnd(next.end());
+    return next.length() > 0 ? Outcome::finished : Outcome::nothing;
+}
+
+ContentProcessorStackItem::ContentProcessorStackItem(const std::shared_ptr<BeginEndProcessorStackItem>& owner,
+                                                     int position)
+    : ExpandableProcessorStackItem(position, position, owner->contentScopes(), owner), m_owner(*owner)
+{}
+
+ProcessResult ContentProcessorStackItem::process(GrammarLine& line)
+{
+    const GrammarRule& source = *m_owner.rule().rule;
+    if (!source.patterns)
+        return Completed{end()};
+    const ResolvedRules& rules = line.rules().patternsOf(source);
+    ProcessResult result;
+    while (const auto next = nextItem(line, rules, end())) {
+        if (endsBefore(line, *next))
+            break;
+        const Outcome outcome = processNext(line, *next, result);
+        if (outcome == Outcome::open)
+            return result;
+        if (outcome == Outcome::nothing)
+            return Continued{line.length(), makeContinuation()};
+    }
+    return Completed{end()};
+}
+
+bool ContentProcessorStackItem::endsBefore(GrammarLine& line,
+                                           const AbstractGrammarProcessorStackItem& next) const
+{
+    Match match;
+    return line.match(m_owner.rule().end, end(), anchor(), m_owner.beginCaptures(), match) &&
+           next.start() >= match.capturedStart(0);
+}
+
+std::shared_ptr<const AbstractContinuationProcessorStackItem>
+ContentProcessorStackItem::makeContinuation() const
+{
+    return std::make_shared<ContentContinuationProcessorStackItem>(m_owner.rule(), scopes(),
+                                                                   parent()->makeContinuation());
+}
+
+ProcessResult RootProcessorStackItem::process(GrammarLine& line)
+{
+    const ResolvedRules& rules = line.rules().topLevel();
+    ProcessResult result;
+    while (const auto next = nextItem(line, rules, end())) {
+        const Outcome outcome = processNext(line, *next, result);
+        if (outcome == Outcome::open)
+            return result;
+        if (outcome == Outcome::nothing) { // the rest of the line is the root's
+            line.tokens().fillToken(0, line.length(), scopes());
+            return Continued{line.length(), makeContinuation()};
+        }
+    }
+    line.tokens().fillToken(0, line.length(), scopes());
+    return Completed{end()};
+}
+
+std::shared_ptr<const AbstractContinuationProcessorStackItem> RootProcessorStackItem::makeContinuation() const
+{
+    return std::make_shared<RootContinuationProcessorStackItem>(scopes());
+}
+
+} // namespace Halvorin::TextMate

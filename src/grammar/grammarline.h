@@ -1,0 +1,75 @@
+#ifndef GRAMMARLINE_H
+#define GRAMMARLINE_H
+
+#include "grammar/rulesearch.h"
+#include "grammar/tokenbuilder.h"
+
+#include <optional>
+
+namespace Halvorin::TextMate {
+
+/// Where each expression was found last in the line that is being tokenised. A search from further right need
+/// not be repeated while the hit lies ahead. Kept from line to line, so that its memory is.
+class SearchMemory
+{
+public:
+    /// Forgets everything.
+    void startLine() { ++m_line; }
+
+    int find(const RuleExpression& expression, const QString& line, int from);
+
+private:
+    struct Entry
+    {
+        unsigned line = 0;
+        int from = 0;
+        int start = 0;
+    };
+
+    std::vector<Entry> m_entries;
+    unsigned m_line = 0;
+};
+
+/// A match of a rule that was found, not yet processed.
+struct RuleMatch
+{
+    const ResolvedRule* rule;
+    Match match;
+};
+
+/// A line on its way through the stack items: its text, the rules, and the tokens until now.
+class GrammarLine
+{
+public:
+    /// The text ends with a line end, as grammars expect it.
+    GrammarLine(const QString& text, RuleSearch& search, SearchMemory& memory);
+
+    int length() const { return m_text.size(); }
+    RuleSearch& rules() { return m_search; }
+    TokenBuilder& tokens() { return m_tokens; }
+    QString captured(const Match& match, int group) const;
+
+    /// Matches an expression at or behind a position. `anchor` is what \G speaks of, `beginCaptures` what the
+    /// groups of "begin" captured.
+    bool match(const RuleExpression& expression, int position, int anchor, const QStringList& beginCaptures,
+               Match& match);
+
+    /// The match with the lowest start at or behind a position; the first rule in the list of equal ones.
+    std::optional<RuleMatch> bestMatch(const ResolvedRules& rules, int position, int anchor);
+
+    /// Adds a token for each group that matched and that the captures name.
+    void addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes);
+
+private:
+    bool matchText(const AbstractGrammarExpression& expression, int position, int anchor,
+                   const QStringList& beginCaptures, Match& match);
+
+    QString m_text;
+    RuleSearch& m_search;
+    SearchMemory& m_memory;
+    TokenBuilder m_tokens;
+};
+
+} // namespace Halvorin::TextMate
+
+#endif

@@ -1,0 +1,185 @@
+#include "grammar/propertylistgrammarreader.h"
+
+#include <QDebug>
+#include <QXmlStreamReader>
+#include <array>
+
+namespace Halvorin::TextMate {
+
+namespace {
+
+/// Rules in rules beyond this depth are passed over, as deep JSON is refused.
+constexpr int maximumDepth = 500;
+
+class PropertyListReader
+{
+public:
+    explicit PropertyListReader(QIODevice& device) : m_xml(&device) {}
+
+    GrammarData read()
+    {
+        GrammarData data;
+        if (m_xml.readNextStartElement() && m_xml.name() == QLatin1String("plist") &&
+            m_xml.readNextStartElement())
+            readDictionary([this, &data](const QString& key) { return readGrammarKey(data, key); });
+        return data;
+    }
+
+private:
+    /// Reads the value of each key of a dict. `readValue` takes the element that the reader stands on and
+    /// gives true, or leaves it alone.
+    template <class ReadValue>
+    void readDictionary(const ReadValue& readValue)
+    {
+        if (m_xml.name() != QLatin1String("dict"))
+            return m_xml.skipCurrentElement();
+        while (m_xml.readNextStartElement()) {
+            if (m_xml.name() != QLatin1String("key")) {
+                m_xml.skipCurrentElement();
+                continue;
+            }
+            const QString key = m_xml.readElementText(QXmlStreamReader::SkipChildElements);
+            if (m_xml.readNextStartElement() && !readValue(key)) {
+                qDebug().noquote() << "skipped: " << key;
+                m_xml.skipCurrentElement();
+            }
+        }
+    }
+
+    template <class ReadElement>
+    void readArray(const ReadElement& readElement)
+    {
+        if (m_xml.name() != QLatin1String("array"))
+            return m_xml.skipCurrentElement();
+        while (m_xml.readNextStartElement())
+            readElement();
+    }
+
+    QString readText() { return m_xml.readElementText(QXmlStreamReader::SkipChildElements); }
+
+    bool readGrammarKey(GrammarData& data, const QString& key)
+    {
+        if (key == QLatin1String("scopeName"))
+            data.scopeName = readText();
+        else if (key == QLatin1String("fileTypes"))
+            readArray([this, &data] { data.fileTypes.append(readText()); });
+        else if (key == QLatin1String("foldingStartMarker"))
+            data.foldingStartMarker = compileExpression(readText());
+        else if (key == QLatin1String("foldingStopMarker"))
+            data.foldingStopMarker = compileExpression(readText());
+        else if (key == QLatin1String("patterns"))
+            data.patterns = readRules();
+        else if (key == QLatin1String("firstLineMatch"))
+            data.firstLineMatch = compileExpression(readText());
+        else if (key == QLatin1String("repository"))
+            readDictionary([this, &data](const QString& name) {
+                data.repository[name] = readRule();
+                return true;
+            });
+        else
+            return false;
+        return true;
+    }
+
+    std::vector<GrammarRule> readRules()
+    {
+        std::vector<GrammarRule> rules;
+        readArray([this, &rules] { rules.push_back(readRule()); });
+        return rules;
+    }
+
+    GrammarRule readRule()
+    {
+        GrammarRule rule;
+        if (m_depth == maximumDepth) {
+            m_xml.skipCurrentElement();
+            return rule;
+        }
+        ++m_depth;
+        readDictionary([this, &rule](const QString& key) { return readRuleKey(rule, key); });
+        --m_depth;
+        return rule;
+    }
+
+    bool readRuleKey(GrammarRule& rule, const QString& key)
+    {
+        for (const Key& row : keys) {
+            if (key == QLatin1String(row.name)) {
+                row.read(*this, rule);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    GrammarCaptures readCaptures()
+    {
+        GrammarCaptures captures;
+        readDictionary([this, &captures](const QString& key) {
+            bool isNumber = false;
+            const int number = key.toInt(&isNumber);
+            if (isNumber && m_xml.name() == QLatin1String("dict"))
+                captures[number] = readCapture();
+            else
+                m_xml.skipCurrentElement();
+            return true;
+        });
+        return captures;
+    }
+
+    GrammarCapture readCapture()
+    {
+        GrammarCapture capture;
+        QStringList extraKeys;
+        readDictionary([this, &capture, &extraKeys](const QString& key) {
+            if (key == QLatin1String("name")) {
+                capture.name = readText();
+            } else {
+                extraKeys.append(key);
+                m_xml.skipCurrentElement();
+            }
+            return true;
+        });
+        if (!extraKeys.isEmpty())
+            qDebug() << "extra keys: " << extraKeys;
+        return capture;
+    }
+
+    struct Key
+    {
+        const char* name;
+        void (*read)(PropertyListReader& reader, GrammarRule& rule);
+    };
+
+    static constexpr std::array<Key, 10> keys{{
+        {"name", [](PropertyListReader& reader, GrammarRule& rule) { rule.name = reader.readText(); }},
+        {"match",
+         [](PropertyListReader& reader, GrammarRule& rule) { rule.match.emplace(reader.readText()); }},
+        {"begin",
+         [](PropertyListReader& reader, GrammarRule& rule) { rule.begin.emplace(reader.readText()); }},
+        {"end", [](PropertyListReader& reader, GrammarRule& rule) { rule.end.emplace(reader.readText()); }},
+        {"contentName",
+         [](PropertyListReader& reader, GrammarRule& rule) { rule.contentName = reader.readText(); }},
+        {"captures",
+         [](PropertyListReader& reader, GrammarRule& rule) { rule.captures = reader.readCaptures(); }},
+        {"beginCaptures",
+         [](PropertyListReader& reader, GrammarRule& rule) { rule.beginCaptures = reader.readCaptures(); }},
+        {"endCaptures",
+         [](PropertyListReader& reader, GrammarRule& rule) { rule.endCaptures = reader.readCaptures(); }},
+        {"include", [](PropertyListReader& reader, GrammarRule& rule) { rule.include = reader.readText(); }},
+        {"patterns",
+         [](PropertyListReader& reader, GrammarRule& rule) { rule.patterns = reader.readRules(); }},
+    }};
+
+    QXmlStreamReader m_xml;
+    int m_depth = 0;
+};
+
+} // namespace
+
+GrammarData readPropertyListGrammar(QIODevice& device)
+{
+    return PropertyListReader(device).read();
+}
+
+} // namespace Halvorin::TextMate

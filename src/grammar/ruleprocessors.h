@@ -1,0 +1,85 @@
+#ifndef RULEPROCESSORS_H
+#define RULEPROCESSORS_H
+
+#include "grammar/stackitem.h"
+
+namespace Halvorin::TextMate {
+
+/// An item of one rule. Its scopes are those around it and the rule's "name".
+class AbstractRuleProcessorStackItem : public AbstractGrammarProcessorStackItem
+{
+public:
+    const ResolvedRule& rule() const { return m_rule; }
+
+protected:
+    AbstractRuleProcessorStackItem(const ResolvedRule& rule, int start, int end, const QStringList& scopes,
+                                   const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
+        : AbstractGrammarProcessorStackItem(start, end, scopes, parent), m_rule(rule)
+    {}
+
+private:
+    const ResolvedRule& m_rule;
+};
+
+/// An item of a rule that has matched.
+class AbstractMatchRuleProcessorStackItem : public AbstractRuleProcessorStackItem
+{
+protected:
+    AbstractMatchRuleProcessorStackItem(RuleMatch match,
+                                        const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent);
+    /// One that matched on an earlier line and goes on at a position.
+    AbstractMatchRuleProcessorStackItem(const ResolvedRule& rule, int position, const QStringList& scopes)
+        : AbstractRuleProcessorStackItem(rule, position, position, scopes, nullptr)
+    {}
+
+    const Match& match() const { return m_match; }
+
+private:
+    Match m_match;
+};
+
+/// A rule with "match".
+class MatchProcessorStackItem : public AbstractMatchRuleProcessorStackItem
+{
+public:
+    MatchProcessorStackItem(RuleMatch match, const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
+        : AbstractMatchRuleProcessorStackItem(std::move(match), parent)
+    {}
+
+    ProcessResult process(GrammarLine& line) override;
+    std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
+};
+
+class BeginEndContinuationProcessorStackItem;
+
+/// A rule with "begin", and "end" or none: without one it never closes.
+class BeginEndProcessorStackItem : public AbstractMatchRuleProcessorStackItem
+{
+public:
+    BeginEndProcessorStackItem(RuleMatch match,
+                               const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
+        : AbstractMatchRuleProcessorStackItem(std::move(match), parent)
+    {}
+    /// The item of an earlier line, which goes on at a position.
+    BeginEndProcessorStackItem(const BeginEndContinuationProcessorStackItem& continuation, int position);
+
+    ProcessResult process(GrammarLine& line) override;
+    /// Runs the content from the item's end on, then looks for "end".
+    ProcessResult processContent(GrammarLine& line);
+    /// Looks for "end" from a position on.
+    ProcessResult finish(GrammarLine& line, int position);
+
+    std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
+
+    QStringList contentScopes() const;
+    /// The texts of the groups of "begin", when "end" speaks of them.
+    const QStringList& beginCaptures() const { return m_beginCaptures; }
+
+private:
+    std::shared_ptr<const AbstractContinuationProcessorStackItem> m_continuation; ///< of the earlier line
+    QStringList m_beginCaptures;
+};
+
+} // namespace Halvorin::TextMate
+
+#endif

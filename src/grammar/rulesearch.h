@@ -1,0 +1,67 @@
+#ifndef RULESEARCH_H
+#define RULESEARCH_H
+
+#include "grammar/grammar.h"
+#include "grammar/searchexpression.h"
+
+#include <QHash>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace Halvorin::TextMate {
+
+/// An expression of a rule, ready to be searched for. One that is kept as text is compiled when it is tried.
+struct RuleExpression
+{
+    const AbstractGrammarExpression* source = nullptr;
+    std::unique_ptr<SearchExpression> compiled;
+    std::size_t number = 0; ///< counts the expressions of the grammar
+};
+
+/// A rule that matches by itself: one with "begin" or "match". Includes, and rules that only hold patterns,
+/// have been replaced by what they stand for.
+struct ResolvedRule
+{
+    const GrammarRule* rule = nullptr;
+    RuleExpression start; ///< of "begin", or of "match"
+    RuleExpression end;   ///< without a source when the rule has no "end"
+
+    bool isBeginEnd() const { return rule->begin.has_value(); }
+};
+
+using ResolvedRules = std::vector<const ResolvedRule*>;
+
+/// The rules of a grammar as they are tried: a list is in the order of the file, each rule in it once. A rule
+/// that includes itself, directly or not, is tried once: a second try at the same place gives nothing new.
+class RuleSearch
+{
+public:
+    explicit RuleSearch(std::shared_ptr<const Grammar> grammar);
+
+    const Grammar& grammar() const { return *m_grammar; }
+
+    const ResolvedRules& topLevel();
+    /// Of the "patterns" of a rule.
+    const ResolvedRules& patternsOf(const GrammarRule& rule);
+
+    /// An expression by its final text, kept for the next time. One that is not valid is reported as at
+    /// loading.
+    const SearchExpression& lateExpression(const QString& pattern);
+
+private:
+    class Collector;
+
+    const ResolvedRule* resolve(const GrammarRule& rule);
+    RuleExpression prepare(const AbstractGrammarExpression& expression);
+
+    std::shared_ptr<const Grammar> m_grammar;
+    std::size_t m_expressionCount = 0;
+    std::unordered_map<const GrammarRule*, std::unique_ptr<ResolvedRule>> m_resolved;
+    std::unordered_map<const std::vector<GrammarRule>*, ResolvedRules> m_lists;
+    QHash<QString, std::shared_ptr<SearchExpression>> m_late;
+};
+
+} // namespace Halvorin::TextMate
+
+#endif

@@ -1,0 +1,122 @@
+#include "grammar/searchexpression.h"
+
+#include "HalvCore/application.h"
+
+#define PCRE2_CODE_UNIT_WIDTH 16
+#include <pcre2.h>
+
+namespace Halvorin::TextMate {
+
+namespace {
+
+/// What a match needs beside the expression, one set for each thread: its place for the positions grows with
+/// the expressions.
+class MatchSpace
+{
+public:
+    MatchSpace()
+        : m_context(pcre2_match_context_create_16(nullptr)),
+          m_stack(pcre2_jit_stack_create_16(startStack, fullStack, nullptr))
+    {
+        pcre2_jit_stack_assign_16(m_context, nullptr, m_stack);
+    }
+    MatchSpace(const MatchSpace&) = delete;
+    MatchSpace& operator=(const MatchSpace&) = delete;
+    ~MatchSpace()
+    {
+        pcre2_match_data_free_16(m_data);
+        pcre2_jit_stack_free_16(m_stack);
+        pcre2_match_context_free_16(m_context);
+    }
+
+    pcre2_match_context_16* context() const { return m_context; }
+
+    pcre2_match_data_16* data(const pcre2_code_16* code)
+    {
+        std::uint32_t groups = 0;
+        pcre2_pattern_info_16(code, PCRE2_INFO_CAPTURECOUNT, &groups);
+        if (m_data == nullptr || groups >= pcre2_get_ovector_count_16(m_data)) {
+            pcre2_match_data_free_16(m_data);
+            m_data = pcre2_match_data_create_16(groups + 1, nullptr);
+        }
+        return m_data;
+    }
+
+    pcre2_match_data_16* lastData() const { return m_data; }
+
+private:
+    // what Qt gives its own matches
+    static constexpr std::size_t startStack = 32 * 1024;
+    static constexpr std::size_t fullStack = 512 * 1024;
+
+    pcre2_match_context_16* m_context;
+    pcre2_jit_stack_16* m_stack;
+    pcre2_match_data_16* m_data = nullptr;
+};
+
+MatchSpace& matchSpace()
+{
+    static thread_local MatchSpace space;
+    return space;
+}
+
+PCRE2_SPTR16 units(const QString& text)
+{
+    return reinterpret_cast<PCRE2_SPTR16>(text.utf16());
+}
+
+} // namespace
+
+void SearchExpression::Free::operator()(pcre2_real_code_16* code) const
+{
+    pcre2_code_free_16(code);
+}
+
+SearchExpression::SearchExpression(const QString& pattern)
+    : m_pattern(pattern),
+      m_isRepeatable(!pattern.contains(QLatin1String("\\K")) && !pattern.contains(QLatin1String("(*")) &&
+                     !pattern.contains(QLatin1String("\\G")))
+{
+    int error = 0;
+    PCRE2_SIZE offset = 0;
+    m_code.reset(pcre2_compile_16(units(pattern), static_cast<PCRE2_SIZE>(pattern.size()), PCRE2_UTF, &error,
+                                  &offset, nullptr));
+    if (m_code)
+        pcre2_jit_compile_16(m_code.get(), PCRE2_JIT_COMPLETE);
+}
+
+int SearchExpression::run(const QString& line, int from) const
+{
+    if (!m_code || from > line.size())
+        return PCRE2_ERROR_NOMATCH;
+    MatchSpace& space = matchSpace();
+    const int result = pcre2_match_16(m_code.get(), units(line), static_cast<PCRE2_SIZE>(line.size()),
+                                      static_cast<PCRE2_SIZE>(from), PCRE2_NO_UTF_CHECK,
+                                      space.data(m_code.get()), space.context());
+    if (result < PCRE2_ERROR_NOMATCH && !std::exchange(m_limitLogged, true))
+        System::Application::instance().logger().diagnostic(
+            "grammar", ("an expression was given up on a long line: " + m_pattern.toStdString()).c_str());
+    return result;
+}
+
+int SearchExpression::find(const QString& line, int from) const
+{
+    if (run(line, from) <= 0)
+        return -1;
+    return static_cast<int>(pcre2_get_ovector_pointer_16(matchSpace().lastData())[0]);
+}
+
+bool SearchExpression::match(const QString& line, int from, Match& match) const
+{
+    const int count = run(line, from);
+    if (count <= 0)
+        return false;
+    const PCRE2_SIZE* const offsets = pcre2_get_ovector_pointer_16(matchSpace().lastData());
+    std::vector<int> positions(static_cast<std::size_t>(count) * 2);
+    for (std::size_t index = 0; index < positions.size(); ++index)
+        positions[index] = offsets[index] == PCRE2_UNSET ? -1 : static_cast<int>(offsets[index]);
+    match = Match(std::move(positions));
+    return true;
+}
+
+} // namespace Halvorin::TextMate
