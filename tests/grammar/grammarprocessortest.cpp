@@ -1,0 +1,268 @@
+#include "grammar/grammarprocessor.h"
+
+#include "grammar/grammartester.h"
+#include "support/qtcore/hostlog.h"
+
+namespace {
+
+/// Strings in double quotes with escapes, which may go over lines.
+constexpr auto strings =
+    R"json("patterns": [{"name": "string", "begin": "\"", "end": "\"", "contentName": "inside",
+    "beginCaptures": {"0": {"name": "open"}}, "endCaptures": {"0": {"name": "close"}},
+    "patterns": [{"name": "escape", "match": "\\\\."}]}])json";
+
+} // namespace
+
+TEST(GrammarProcessor, GivesAnEmptyLineTheRootScope)
+{
+    Tokeniser tokenise(R"("patterns": [{"match": "x", "name": "x"}])");
+    EXPECT_EQ(tokenise("\n"), Texts{"0+1 root"});
+    EXPECT_FALSE(tokenise.isOpen());
+}
+
+TEST(GrammarProcessor, GivesTheWholeLineTheRootScopeWithoutRules)
+{
+    Tokeniser tokenise(R"("patterns": [])");
+    EXPECT_EQ(tokenise("a b\n"), Texts{"0+4 root"});
+}
+
+TEST(GrammarProcessor, GivesAMatchItsNameAndTheRestTheRoot)
+{
+    Tokeniser tokenise(R"("patterns": [{"match": "[0-9]+", "name": "number"}])");
+    EXPECT_EQ(tokenise("a 12 b\n"), (Texts{"0+2 root", "2+2 root number", "4+3 root"}));
+}
+
+TEST(GrammarProcessor, TakesTheFirstListedOfTwoMatchesAtOnePlace)
+{
+    Tokeniser tokenise(R"("patterns": [{"match": "a", "name": "short"}, {"match": "ab", "name": "long"}])");
+    EXPECT_EQ(tokenise("ab\n"), (Texts{"0+1 root short", "1+2 root"}));
+}
+
+TEST(GrammarProcessor, TakesTheEarlierMatchWhateverTheOrder)
+{
+    Tokeniser tokenise(R"("patterns": [{"match": "b", "name": "b"}, {"match": "a", "name": "a"}])");
+    EXPECT_EQ(tokenise("ab\n"), (Texts{"0+1 root a", "1+1 root b", "2+1 root"}));
+}
+
+TEST(GrammarProcessor, StopsTheLineAtAMatchOfNothing)
+{
+    Tokeniser tokenise(R"("patterns": [{"match": "x*", "name": "x"}, {"match": "a", "name": "a"}])");
+    EXPECT_EQ(tokenise("xxaa\n"), (Texts{"0+2 root x", "2+3 root"}));
+    EXPECT_EQ(tokenise("xa\n"), (Texts{"0+1 root x", "1+2 root"})); // the next line starts anew
+}
+
+TEST(GrammarProcessor, LetsTheEndWinOverAnInnerPatternAtTheSamePlace)
+{
+    Tokeniser tokenise(R"("patterns": [{"begin": "\\(", "end": "\\)", "name": "group",
+        "patterns": [{"match": "\\).", "name": "inner"}]}])");
+    EXPECT_EQ(tokenise("(abcd)x\n"), (Texts{"0+6 root group", "6+2 root"}));
+}
+
+TEST(GrammarProcessor, LetsAnInnerPatternThatStartsBeforeTheEndMatch)
+{
+    Tokeniser tokenise(strings);
+    EXPECT_EQ(tokenise("\"a\\\"b\"\n"),
+              (Texts{"0+1 root string open", "1+1 root string inside", "2+2 root string inside escape",
+                     "4+1 root string inside", "5+1 root string close", "6+1 root"}));
+}
+
+TEST(GrammarProcessor, ClosesAStringOnALaterLine)
+{
+    Tokeniser tokenise(strings);
+    EXPECT_EQ(tokenise("x = \"ab\n"), (Texts{"4+1 root string open", "5+3 root string inside"}));
+    EXPECT_TRUE(tokenise.isOpen());
+    EXPECT_EQ(tokenise("c\\\"d\n"),
+              (Texts{"0+1 root string inside", "1+2 root string inside escape", "3+2 root string inside"}));
+    EXPECT_EQ(tokenise("ef\" y\n"), (Texts{"0+2 root string inside", "2+1 root string close", "3+3 root"}));
+    EXPECT_FALSE(tokenise.isOpen());
+}
+
+TEST(GrammarProcessor, ClosesOnTheTextThatBeginCapturedOnly)
+{
+    Tokeniser tokenise(R"json("patterns": [{"begin": "<<(\\w+)", "end": "^\\1$", "name": "here"}])json");
+    tokenise("<<END\n");
+    tokenise("STOP\n");
+    EXPECT_TRUE(tokenise.isOpen());
+    EXPECT_EQ(tokenise("END\n"), (Texts{"0+3 root here", "3+1 root"}));
+    EXPECT_FALSE(tokenise.isOpen());
+}
+
+TEST(GrammarProcessor, PutsCapturedTextInAsItStands)
+{
+    Tokeniser tokenise(R"json("patterns": [{"begin": "<(.)", "end": "\\1>", "name": "any"}])json");
+    tokenise("<.\n");
+    EXPECT_EQ(tokenise("abx>c\n"),
+              (Texts{"0+4 root any", "4+2 root"})); // the full stop matches any character
+}
+
+TEST(GrammarProcessor, ReplacesReferencesInAscendingOrder)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"begin": "(a)(b)(c)(d)(e)(f)(g)(h)(i)(j)", "end": "\\10", "name": "ten"}])json");
+    tokenise("abcdefghij\n");
+    EXPECT_EQ(tokenise("j a0 b\n"), (Texts{"0+4 root ten", "4+3 root"})); // \1 and a 0, not \10
+}
+
+TEST(GrammarProcessor, NestsItems)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"include": "#group"}], "repository": {"group": {"begin": "\\(", "end": "\\)", "name": "g",
+        "patterns": [{"include": "#group"}]}})json");
+    EXPECT_EQ(tokenise("(a(b)c)\n"), (Texts{"0+2 root g", "2+3 root g g", "5+2 root g", "7+1 root"}));
+}
+
+TEST(GrammarProcessor, GoesOnOutsideWhenAnInnerItemClosesOnALaterLine)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"include": "#group"}], "repository": {"group": {"begin": "\\(", "end": "\\)", "name": "g",
+        "patterns": [{"include": "#group"}, {"match": "[0-9]", "name": "n"}]}})json");
+    tokenise("(a\n");
+    tokenise("(b\n");
+    EXPECT_EQ(tokenise("1)2)3(\n"), (Texts{"0+1 root g g n", "1+1 root g g", "2+1 root g n", "3+1 root g",
+                                           "4+1 root", "5+2 root g"}));
+}
+
+TEST(GrammarProcessor, NeverClosesARuleWithoutAnEnd)
+{
+    Tokeniser tokenise(R"("patterns": [{"begin": "#", "name": "rest"}])");
+    tokenise("a # b\n");
+    EXPECT_EQ(tokenise("c\n"), Texts{"0+2 root rest"});
+    EXPECT_TRUE(tokenise.isOpen());
+}
+
+TEST(GrammarProcessor, GivesCapturesTheirNamesInAscendingOrder)
+{
+    Tokeniser tokenise(R"json("patterns": [{"match": "(\\w+)(\\()?(x)?", "name": "call",
+        "captures": {"1": {"name": "function"}, "2": {"name": "bracket"}, "3": {"name": "never"}, "9": {"name": "none"}}}])json");
+    EXPECT_EQ(tokenise("f(\n"), (Texts{"0+1 root call function", "1+1 root call bracket", "2+1 root"}));
+}
+
+TEST(GrammarProcessor, TreatsTheWholeMatchAsAnyOtherGroup)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"match": "a(b)", "captures": {"0": {"name": "all"}, "1": {"name": "one"}}}])json");
+    EXPECT_EQ(tokenise("ab\n"), (Texts{"0+2 root all", "1+1 root one", "2+1 root"}));
+}
+
+TEST(GrammarProcessor, GivesACaptureWithoutANameThePlainScopes)
+{
+    Tokeniser tokenise(R"json("patterns": [{"match": "a(b)", "name": "m", "captures": {"1": {}}}])json");
+    EXPECT_EQ(tokenise("ab\n"), (Texts{"0+1 root m", "1+1 root m", "2+1 root"}));
+}
+
+TEST(GrammarProcessor, TriesTheAnchorOfAnItemWhereItsBeginEnded)
+{
+    Tokeniser tokenise(R"json("patterns": [{"begin": "a", "end": "(?!\\G)", "name": "one",
+        "patterns": [{"match": "\\G", "name": "never"}, {"match": "b", "name": "b"}]}])json");
+    // at the anchor neither the end matches nor anything but nothing
+    EXPECT_EQ(tokenise("x\n"), Texts{"0+2 root"});
+}
+
+TEST(GrammarProcessor, MatchesTheAnchorAtTheEndOfBeginOnly)
+{
+    Tokeniser tokenise(R"json("patterns": [{"begin": "a", "end": ";", "name": "item",
+        "patterns": [{"match": "\\Gb", "name": "first"}, {"match": "b", "name": "other"}]}])json");
+    const Texts tokens = tokenise("abb;\n");
+    EXPECT_EQ(tokens.front(), "0+1 root item");
+    EXPECT_EQ(tokens.at(1), "1+1 root item first");
+}
+
+TEST(GrammarProcessor, KnowsTheWholeGrammarAsSelf)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"begin": "\\[", "end": "\\]", "name": "list", "patterns": [{"include": "$self"}]},
+        {"match": "[0-9]", "name": "n"}])json");
+    EXPECT_EQ(tokenise("[1[2]]\n"),
+              (Texts{"0+1 root list", "1+1 root list n", "2+1 root list list", "3+1 root list list n",
+                     "4+1 root list list", "5+1 root list", "6+1 root"}));
+}
+
+TEST(GrammarProcessor, SaysThatAnIncludeIsMissing)
+{
+    const HostLog log;
+    Tokeniser tokenise(R"("patterns": [{"include": "#nowhere"}, {"match": "a", "name": "a"}])");
+    EXPECT_EQ(tokenise("a\n"), (Texts{"0+1 root a", "1+1 root"}));
+    EXPECT_EQ(log.lines(), Texts{"diagnostic: grammar: unable to find rule: #nowhere"});
+}
+
+TEST(GrammarProcessor, SaysThatOtherGrammarsAreNotSupported)
+{
+    const HostLog log;
+    Tokeniser tokenise(R"("patterns": [{"include": "source.other"}, {"include": "$base"}])");
+    tokenise("a\n");
+    EXPECT_EQ(log.lines(), (Texts{"diagnostic: grammar: referencing external grammar files not supported",
+                                  "diagnostic: grammar: referencing external grammar files not supported"}));
+}
+
+TEST(GrammarProcessor, ComesToAnEndWithIncludesThatIncludeEachOther)
+{
+    Tokeniser tokenise(R"json("patterns": [{"include": "#a"}], "repository": {
+        "a": {"patterns": [{"include": "#b"}, {"include": "$self"}]}, "b": {"include": "#a"},
+        "c": {"include": "#c"}})json");
+    EXPECT_EQ(tokenise("a\n"), Texts{"0+2 root"});
+}
+
+TEST(GrammarProcessor, ComesToAnEndWithABeginOfNothingThatIncludesItself)
+{
+    const HostLog log;
+    Tokeniser tokenise(R"json("patterns": [{"include": "#a"}], "repository": {
+        "a": {"begin": "(?=a)", "end": "b", "name": "a", "patterns": [{"include": "#a"}]}})json");
+    tokenise("aaaa\n");
+    EXPECT_TRUE(tokenise.isOpen());
+    EXPECT_EQ(log.lines(), Texts{"diagnostic: grammar: rules are nested too deeply"});
+    tokenise("bbbb\n");
+}
+
+TEST(GrammarProcessor, ComesToAnEndWithManyOpenBrackets)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"include": "#group"}], "repository": {"group": {"begin": "\\(", "end": "\\)", "name": "g",
+        "patterns": [{"include": "#group"}]}})json");
+    tokenise((std::string(200'000, '(') + "\n").c_str());
+    EXPECT_TRUE(tokenise.isOpen());
+    tokenise((std::string(200'000, ')') + "\n").c_str());
+    EXPECT_FALSE(tokenise.isOpen());
+}
+
+TEST(GrammarProcessor, LosesOneRuleToAnExpressionThatIsNotValid)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"match": "(", "name": "bad"}, {"begin": "[", "end": "x"}, {"match": "a", "name": "a"},
+        {"begin": "b", "end": "(", "name": "open"}])json");
+    EXPECT_EQ(tokenise("a(\n"), (Texts{"0+1 root a", "1+2 root"}));
+    tokenise("b\n");
+    EXPECT_TRUE(tokenise.isOpen());
+}
+
+TEST(GrammarProcessor, TokenisesALineOfHalfCharacters)
+{
+    Halvorin::TextMate::GrammarProcessor processor(grammarOf(R"("patterns": [{"match": "a", "name": "a"}])"));
+    QString line = QStringLiteral("xa\n");
+    line[0] = QChar(0xD800);
+    const auto tokens = processor.tokenise(line).tokens();
+    ASSERT_EQ(tokens.size(), 3U);
+    EXPECT_EQ(tokenText(tokens[1]), "1+1 root a");
+}
+
+TEST(GrammarProcessor, ComesToTheSameStateWithTheSameText)
+{
+    Tokeniser first(strings);
+    Tokeniser second(strings);
+    first("\"a\n");
+    second("x \"b\n");
+    // each processor has rules of its own, so states are compared within one
+    Halvorin::TextMate::GrammarProcessor processor(grammarOf(strings));
+    const auto one = processor.tokenise(QStringLiteral("\"a\n")).takeContinuation();
+    const auto two = processor.tokenise(QStringLiteral("x \"b\n")).takeContinuation();
+    EXPECT_TRUE(sameState(one.get(), two.get()));
+    EXPECT_FALSE(sameState(one.get(), nullptr));
+    EXPECT_TRUE(sameState(nullptr, nullptr));
+}
+
+TEST(GrammarProcessor, SharesAStateThatDoesNotChange)
+{
+    Halvorin::TextMate::GrammarProcessor processor(grammarOf(strings));
+    const auto one = processor.tokenise(QStringLiteral("\"a\n")).takeContinuation();
+    const auto two = processor.tokenise(QStringLiteral("more\n"), one).takeContinuation();
+    EXPECT_EQ(one, two);
+}
