@@ -30,7 +30,8 @@ QRegularExpression compileExpression(const QString& pattern)
     if (expression.isValid())
         expression.optimize();
     else
-        qDebug().noquote() << "Expression error: " << pattern << " with reason " << expression.errorString();
+        qDebug().nospace().noquote() << "Expression error: " << pattern << " with reason "
+                                     << expression.errorString();
     return expression;
 }
 

@@ -21,7 +21,7 @@ GrammarCaptures readCaptures(const QJsonValue& value)
         QJsonObject record = group->toObject();
         captures[number].name = record.take(QLatin1String("name")).toString();
         if (!record.isEmpty())
-            qDebug() << "extra keys: " << record.keys();
+            qDebug().nospace().noquote() << "extra keys: " << record.keys().join(QLatin1String(", "));
     }
     return captures;
 }

@@ -40,7 +40,7 @@ private:
             }
             const QString key = m_xml.readElementText(QXmlStreamReader::SkipChildElements);
             if (m_xml.readNextStartElement() && !readValue(key)) {
-                qDebug().noquote() << "skipped: " << key;
+                qDebug().nospace().noquote() << "skipped: " << key;
                 m_xml.skipCurrentElement();
             }
         }
@@ -141,7 +141,7 @@ private:
             return true;
         });
         if (!extraKeys.isEmpty())
-            qDebug() << "extra keys: " << extraKeys;
+            qDebug().nospace().noquote() << "extra keys: " << extraKeys.join(QLatin1String(", "));
         return capture;
     }
 

@@ -177,7 +177,7 @@ TEST_F(GrammarFile, SaysWhichKeysOfACaptureItDoesNotKnow)
     const Grammar grammar =
         load("g.json", R"({"patterns": [{"match": "x", "captures": {"1": {"name": "a", "patterns": []}}}]})");
     EXPECT_EQ(grammar.patterns()[0].captures.at(1).name, QStringLiteral("a"));
-    EXPECT_EQ(DebugStream::messages(), QStringList{QStringLiteral("extra keys:  (\"patterns\")")});
+    EXPECT_EQ(DebugStream::messages(), QStringList{QStringLiteral("extra keys: patterns")});
 }
 
 TEST_F(GrammarFile, SaysWhichKeysOfAPropertyListItSkips)
@@ -186,7 +186,7 @@ TEST_F(GrammarFile, SaysWhichKeysOfAPropertyListItSkips)
     load("g.tmLanguage", "<plist><dict><key>uuid</key><string>1</string><key>patterns</key><array><dict>"
                          "<key>comment</key><string>no</string></dict></array></dict></plist>");
     EXPECT_EQ(DebugStream::messages(),
-              (QStringList{QStringLiteral("skipped:  uuid"), QStringLiteral("skipped:  comment")}));
+              (QStringList{QStringLiteral("skipped: uuid"), QStringLiteral("skipped: comment")}));
 }
 
 TEST_F(GrammarFile, SaysWhichExpressionIsNotValid)
@@ -196,7 +196,7 @@ TEST_F(GrammarFile, SaysWhichExpressionIsNotValid)
     EXPECT_EQ(grammar.patterns().size(), 2U);
     ASSERT_EQ(DebugStream::messages().size(), 1);
     EXPECT_EQ(DebugStream::messages().constFirst(),
-              QStringLiteral("Expression error:  (a  with reason  ") +
+              QStringLiteral("Expression error: (a with reason ") +
                   QRegularExpression(QStringLiteral("(a")).errorString());
 }
 
