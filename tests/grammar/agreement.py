@@ -3,10 +3,11 @@
 
     agreement.py --command 'PROGRAM ... {}' [--minimum 99.9] FILE_OR_FOLDER...
 
-PROGRAM prints a line of JSON per source line, an array of {"start", "length", "scopes"} in UTF-16 code units; {} stands
-for the file, {all} for many files at once, whose lines then follow each other. Where the tokenizer sees a string, a
-comment, a number, a keyword or anything else, the scopes must say the same. Soft keywords, and what stands in the
-replacement fields of interpolated strings, are counted apart. A file that the tokenizer refuses is left out.
+PROGRAM prints a line of JSON per source line, an array of {"start", "length", "scopes"} in UTF-16 code units;
+{} stands for the file, {all} for many files at once, whose lines then follow each other. Where the tokenizer sees
+a string, a comment, a number, a keyword or anything else, the scopes must say the same. Soft keywords, and what
+stands in the replacement fields of interpolated strings, are counted apart. A file that the tokenizer refuses is
+left out. Of the lines "slowest line FILE:LINE, N ms" that a program writes to stderr the worst is told.
 Exit code 1 when fewer agree than the minimum, or when a file ends within an open string."""
 import argparse
 import collections
@@ -14,6 +15,7 @@ import io
 import json
 import keyword
 import pathlib
+import re
 import shlex
 import subprocess
 import sys
@@ -22,9 +24,13 @@ import tokenize
 
 KINDS = ("string", "comment", "number", "keyword", "other")
 SOFT = {"match", "case", "type", "_"}
-KEYWORD_SCOPES = ("keyword.control", "keyword.other", "storage.type", "constant.language.boolean", "constant.language.none",
-                  "keyword.operator.logical", "keyword.operator.membership", "keyword.operator.identity",
-                  "variable.language.wildcard")
+KEYWORD_SCOPES = ("keyword.control", "keyword.other", "storage.type", "constant.language.boolean",
+                  "constant.language.none", "keyword.operator.logical", "keyword.operator.membership",
+                  "keyword.operator.identity", "variable.language.wildcard")
+# the parts of an interpolated string, which newer tokenizers tell apart
+STRING_TOKENS = {tokenize.STRING} | {getattr(tokenize, name) for name in ("FSTRING_START", "FSTRING_MIDDLE", "FSTRING_END")
+                                     if hasattr(tokenize, name)}
+SLOWEST = re.compile(r"^slowest line (.*):(\d+), ([\d.]+) ms$", re.MULTILINE)
 # what a whole line is put after a file: it must come out as plain text, or something was left open
 PROBE = "probe_of_what_is_open"
 
@@ -46,7 +52,7 @@ def kind_of(scopes):
 
 
 def expected_of(token):
-    if token.type == tokenize.STRING:
+    if token.type in STRING_TOKENS:
         return "string"
     if token.type == tokenize.COMMENT:
         return "comment"
@@ -83,6 +89,7 @@ class Tally:
         self.disagreements = []
         self.open_files = []
         self.left_out = []
+        self.slowest = (0.0, "")
 
     def judge(self, file, lines, outputs):
         """Compares one file: its lines, and what the program printed for each and for the probe."""
@@ -135,6 +142,8 @@ class Tally:
         share = 100 * same / max(judged, 1)
         print(f"{len(self.disagreements)} lines disagree; {len(self.left_out)} files left out: "
               f"{' '.join(self.left_out[:8])}")
+        if self.slowest[1]:
+            print(f"slowest line {self.slowest[1]}, {self.slowest[0]} ms")
         print(f"agreement {share:.4f} % of {judged} characters")
         return share
 
@@ -153,15 +162,19 @@ def read_lines(path):
 
 
 def run(command, files):
-    """What the program prints, a line a source line, for a few files."""
+    """What the program prints, a line a source line, for a few files, and the slowest line that it tells of."""
     words = []
     for word in shlex.split(command):
         if word == "{all}":
             words += files
         else:
             words.append(word.replace("{}", files[0]))
-    done = subprocess.run(words, stdout=subprocess.PIPE, text=True, encoding="utf-8", check=True)
-    return done.stdout.split("\n")
+    done = subprocess.run(words, capture_output=True, text=True, encoding="utf-8")
+    if done.returncode != 0:
+        sys.exit(done.stderr or f"{words[0]} ended with {done.returncode}")
+    slowest = max(((float(spent), file, number) for file, number, spent in SLOWEST.findall(done.stderr)),
+                  default=None)
+    return done.stdout.split("\n"), slowest
 
 
 def collect(paths):
@@ -195,7 +208,10 @@ def main():
             work.append((str(path), lines, str(copy)))
         for at in range(0, len(work), batch):
             part = work[at:at + batch]
-            outputs = run(arguments.command, [copy for _, _, copy in part])
+            outputs, slowest = run(arguments.command, [copy for _, _, copy in part])
+            if slowest and slowest[0] > tally.slowest[0]:
+                names = {copy: file for file, _, copy in part}
+                tally.slowest = (slowest[0], f"{names.get(slowest[1], slowest[1])}:{slowest[2]}")
             for file, lines, _ in part:
                 tally.judge(file, lines, outputs[:len(lines) + 1])
                 del outputs[:len(lines) + 1]

@@ -39,7 +39,7 @@ export function tokeniseLine(grammar, line, state) {
     return { tokens: result.tokens, state: result.ruleStack };
 }
 
-/** Tokens of the text without its line end, neighbours of the same scopes joined: what two engines can agree on. */
+/** Tokens of the text without its line end, neighbours of equal scopes joined: what two engines can agree on. */
 export function plainTokens(line, tokens) {
     const plain = [];
     for (const { startIndex, endIndex, scopes } of tokens) {
@@ -47,7 +47,7 @@ export function plainTokens(line, tokens) {
         const length = Math.min(endIndex, line.length) - start;
         if (length <= 0) continue;
         const last = plain.at(-1);
-        if (last && last.start + last.length === start && last.scopes.join() === scopes.join()) last.length += length;
+        if (last?.scopes.join() === scopes.join()) last.length += length;
         else plain.push({ start, length, scopes });
     }
     return plain;

@@ -1,6 +1,7 @@
-// node tokenise.mjs [--grammar FILE] --json FILE...    tokens, a line of JSON per source line
-// node tokenise.mjs [--grammar FILE] --time FILE...    lines and bytes per second, cold and warm, and the slowest line
-// node tokenise.mjs [--grammar FILE] --rules FILE...   "FILE RULE" for each rule of the repository that a file reaches
+// node tokenise.mjs [--grammar FILE] MODE FILE...
+//   --json    tokens, a line of JSON per source line; the slowest line of each file on stderr
+//   --time    lines and bytes per second, cold and warm, and the slowest line
+//   --rules   "FILE RULE" for each rule of the repository that a file reaches
 import { statSync } from "node:fs";
 import { linesOf, loadGrammar, ourGrammar, plainTokens, tokeniseLine } from "./engine.mjs";
 
@@ -23,8 +24,10 @@ async function printTokens(path, files) {
     const grammar = await loadGrammar(path);
     for (const file of files) {
         const out = [];
-        tokeniseFile(grammar, linesOf(file), (line, tokens) => out.push(JSON.stringify(plainTokens(line, tokens))));
-        process.stdout.write(out.map((line) => line + "\n").join(""));
+        const [spent, number] = tokeniseFile(grammar, linesOf(file), (line, tokens) =>
+            out.push(JSON.stringify(plainTokens(line, tokens)) + "\n"));
+        process.stdout.write(out.join(""));
+        console.error(`slowest line ${file}:${number}, ${spent.toFixed(1)} ms`);
     }
 }
 
@@ -59,8 +62,8 @@ async function printRules(path, files) {
     for (const file of files) {
         const reached = new Set();
         tokeniseFile(grammar, linesOf(file), (line, tokens) => {
-            for (const { scopes } of tokens)
-                for (const scope of scopes) if (scope.startsWith("rule:")) reached.add(scope.slice("rule:".length));
+            for (const scope of tokens.flatMap((token) => token.scopes))
+                if (scope.startsWith("rule:")) reached.add(scope.slice("rule:".length));
         });
         for (const rule of [...reached].sort()) console.log(`${file} ${rule}`);
     }
