@@ -1,0 +1,9 @@
+decimal = 0 + 1 + 123 + 1_000_000 + 00_0
+hexadecimal = 0xFF + 0Xdead_beef + 0x_1
+octal = 0o17 + 0O7_7
+binary = 0b101 + 0B1_0
+floats = 1.5 + .5 + 5. + 1e10 + 1.5E-3 + 1_0.0_1e+1_0 + 007.5
+imaginary = 1j + 1.5J + .5e3j + 00j
+wrong = 0123 + 1__0 + 1_ + 0x + 0xG + 0o8 + 0b2 + 1abc + 1.5.5 + 1e
+touching = 1if x else 2or 3 + 0x1for x in y
+members = 1..real + 1.5.imag + x.e1 + x1 + 1 .real
