@@ -2,7 +2,6 @@
 
 #include "languageclient/transport/logging.h"
 
-#include <QDateTime>
 #include <QIODevice>
 #include <QJsonDocument>
 #include <QPointer>
@@ -88,9 +87,20 @@ FrameReader::Block FrameReader::readBlock()
     return block;
 }
 
-void FrameReader::hand(const QByteArray& body) const
+/// The current date and time, which is worked out once a millisecond: that asks the system for the time zone,
+/// and would take as long as all the rest of a small message.
+const QDateTime& FrameReader::now()
 {
-    const QDateTime timestamp = QDateTime::currentDateTime();
+    if (const qint64 millisecond = QDateTime::currentMSecsSinceEpoch(); millisecond != m_millisecond) {
+        m_millisecond = millisecond;
+        m_time = QDateTime::fromMSecsSinceEpoch(millisecond);
+    }
+    return m_time;
+}
+
+void FrameReader::hand(const QByteArray& body)
+{
+    const QDateTime timestamp = now();
     const Handler handler = m_handler; // it may delete this reader
     try {
         handler(QJsonDocument::fromJson(body), timestamp);

@@ -1,10 +1,10 @@
 #ifndef FRAMEREADER_H
 #define FRAMEREADER_H
 
+#include <QDateTime>
 #include <QObject>
 #include <functional>
 
-class QDateTime;
 class QIODevice;
 class QJsonDocument;
 
@@ -34,17 +34,24 @@ public:
     /// Hands over every message that is complete.
     void read();
 
+    /// Whether the device is in the midst of its signal, and the reader behind it: a device that does not
+    /// bear to be deleted then, as sockets do not, must be deleted later.
+    bool isReading() const { return m_reading; }
+
 private:
     struct Block;
 
     bool readMessage();
     Block readBlock();
-    void hand(const QByteArray& body) const;
+    void hand(const QByteArray& body);
+    const QDateTime& now();
 
     QIODevice& m_device;
     Handler m_handler;
     bool m_reading = false;
     int m_linesWarnedOf = 0;
+    qint64 m_millisecond = -1; // since the epoch
+    QDateTime m_time;          // the same
 };
 
 } // namespace Halvorin::LSP
