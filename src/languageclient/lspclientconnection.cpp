@@ -80,10 +80,9 @@ void LSPAbstractClient::acceptConnection()
 
 void LSPAbstractClient::loseConnection()
 {
-    m_socket->setParent(nullptr); // a handler may delete the client, but not the socket in its own signal
-    m_socket->deleteLater();
-    m_socket = nullptr;
+    m_reader->retire();
     m_reader = nullptr;
+    m_socket = nullptr;
     if (m_status >= Ready && m_process != nullptr) {
         QTimer::singleShot(timeToEnd, m_process, [this, process = m_process] {
             if (m_socket == nullptr) // it has not connected anew
@@ -97,11 +96,9 @@ void LSPAbstractClient::closeConnection()
 {
     if (m_socket == nullptr || m_reader == nullptr || !m_reader->isReading())
         return; // it goes with the children
-    delete m_reader;
     m_socket->disconnect(this);
-    m_socket->setParent(nullptr);
+    m_reader->retire();
     m_socket->abort();
-    m_socket->deleteLater();
 }
 
 void LSPAbstractClient::write(const LSPMessage& message)

@@ -34,8 +34,10 @@ public:
     /// Hands over every message that is complete.
     void read();
 
-    /// Whether the device is in the midst of its signal, and the reader behind it: a device that does not
-    /// bear to be deleted then, as sockets do not, must be deleted later.
+    /// Hands over nothing more, and deletes the device when that can be: later, and not before a handler that
+    /// is running has returned, however many event loops it runs. A socket does not bear to be deleted inside
+    /// its own signal, which is where the handlers are called.
+    void retire();
     bool isReading() const { return m_reading; }
 
 private:
@@ -49,6 +51,7 @@ private:
     QIODevice& m_device;
     Handler m_handler;
     bool m_reading = false;
+    bool m_retired = false;
     int m_linesWarnedOf = 0;
     qint64 m_millisecond = -1; // since the epoch
     QDateTime m_time;          // the same

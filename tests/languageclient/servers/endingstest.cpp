@@ -160,6 +160,19 @@ TEST(Ending, OfAServerIsTheLastStatusAlsoWhenItsLastWordsAreReadLater)
     }
 }
 
+TEST(Ending, MayComeWhileAHandlerRunsAnEventLoop)
+{
+    const ServedClient served(R"({"steps": [{"expect": "initialized"}, {"together": [
+        {"notify": "window/logMessage", "params": {"type": 3, "message": "a"}},
+        {"notify": "window/showMessage", "params": {"type": 3, "message": "b"}}]}, {"exit": 0}]})");
+    QObject::connect(served.client, &TestClient::logMessage, [&served] {
+        EXPECT_TRUE(served.reaches(Exited)); // as a message box would wait
+        QTest::qWait(50);
+    });
+    EXPECT_TRUE(served.reaches(Exited));
+    EXPECT_TRUE(served.client);
+}
+
 TEST(Ending, DoesNotComeToAServerThatConnectsAnew)
 {
     const ServedClient served(
