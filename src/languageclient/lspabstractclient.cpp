@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPointer>
 #include <exception>
 
 namespace Halvorin::LSP {
@@ -51,6 +52,7 @@ LSPAbstractClient::LSPAbstractClient(QObject* parent)
 
 LSPAbstractClient::~LSPAbstractClient()
 {
+    closeConnection();
     delete m_process; // now, not with the children: nothing of the server is to outlive the client
 }
 
@@ -58,9 +60,9 @@ bool LSPAbstractClient::event(QEvent* event)
 {
     if (event->type() == QEvent::DeferredDelete && m_process != nullptr &&
         m_process->state() != QProcess::NotRunning && m_status == Ready) {
-        shutdown();
         connect(m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
                 &QObject::deleteLater);
+        shutdown();
         return true;
     }
     return QObject::event(event);
@@ -107,14 +109,30 @@ void LSPAbstractClient::completeHandshake(LSPInitializeMonitor& monitor)
 {
     monitor.disconnect(this); // a second answer changes nothing
     monitor.deleteLater();
+    if (m_status != Initializing)
+        return; // the server has ended since it answered
+    const QPointer<LSPAbstractClient> self(this);
     try {
         initializeResult(monitor); // raises what the server has against it
         initialized();
         setStatus(Ready);
-        Q_EMIT clientReady();
+        if (self) // no handler has deleted the client
+            Q_EMIT clientReady();
     } catch (const std::exception& error) {
         log(System::MessageSeverity::error, clientChannel, QString::fromUtf8(error.what()));
     }
+}
+
+void LSPAbstractClient::completeShutdown(LSPShutdownMonitor& monitor)
+{
+    monitor.disconnect(this); // a second answer changes nothing
+    monitor.deleteLater();
+    if (m_status != ShuttingDown)
+        return; // the server has ended since it answered
+    const QPointer<LSPAbstractClient> self(this);
+    setStatus(Exiting);
+    if (self) // no handler has deleted the client
+        send(LSPNotificationMessage(QLatin1String("exit")), Exiting);
 }
 
 void LSPAbstractClient::readTriggerKeys(const LSPServerCapabilities& capabilities)

@@ -24,6 +24,7 @@ class QTcpSocket;
 
 namespace Halvorin::LSP {
 
+class FrameReader;
 class LSPWorkspaceSettings;
 class ServerProcess;
 
@@ -41,7 +42,8 @@ class ServerProcess;
 /// out when the status is the one that it requires, and stands in a queue before and for ever after.
 /// deleteLater() on a client that is ready shuts the server down in order and deletes the client when its
 /// process has ended; a second deleteLater(), and the destructor, do not wait for that: the process is then
-/// killed.
+/// killed. A handler of any signal may delete the client, but for those that come amid its operations:
+/// messageQueued, messageSent.
 ///
 /// To add an operation: its records, its monitor in requestmonitors.h, and two lines here and in
 /// lspclientrequests.cpp.
@@ -137,6 +139,7 @@ private:
     void listen();
     void acceptConnection();
     void loseConnection();
+    void closeConnection();
     void write(const LSPMessage& message);
 
     // The handshake and the end.
@@ -144,6 +147,7 @@ private:
     void flushQueue(LSPClientStatus status);
     void takeCapabilities(const LSPInitializeMonitor& monitor);
     void completeHandshake(LSPInitializeMonitor& monitor);
+    void completeShutdown(LSPShutdownMonitor& monitor);
     void readTriggerKeys(const LSPServerCapabilities& capabilities);
 
     // What the server sends.
@@ -158,6 +162,7 @@ private:
 
     QTcpServer* m_server = nullptr;
     QTcpSocket* m_socket = nullptr;
+    FrameReader* m_reader = nullptr; // of the socket, and gone with it
     ServerProcess* m_process = nullptr;
     LSPClientStatus m_status = LSPClientStatus::NotConnected;
     int m_nextId = 0;

@@ -7,6 +7,7 @@
 #include "languageclient/transport/promptacknowledgement.h"
 #include "languageclient/transport/serverprocess.h"
 
+#include <QPointer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -55,6 +56,8 @@ void LSPAbstractClient::start(const std::wstring& program, bool external)
 
 void LSPAbstractClient::acceptConnection()
 {
+    if (m_status == Exited && m_process != nullptr && m_process->state() == QProcess::NotRunning)
+        return; // the last sign of a server that has ended already
     if (m_socket != nullptr) {
         log(MessageSeverity::warning, serverChannel,
             QStringLiteral("Multiple incoming connections unsupported"));
@@ -63,9 +66,12 @@ void LSPAbstractClient::acceptConnection()
     m_socket = m_server->nextPendingConnection();
     if (m_socket == nullptr)
         return;
+    const QPointer<LSPAbstractClient> self(this);
     setStatus(Connected);
+    if (!self)
+        return; // a handler has deleted the client
     acknowledgePromptly(*m_socket);
-    new FrameReader(*m_socket, [this](const QJsonDocument& document, const QDateTime& timestamp) {
+    m_reader = new FrameReader(*m_socket, [this](const QJsonDocument& document, const QDateTime& timestamp) {
         Q_EMIT messageReceived(document, timestamp);
     });
     connect(m_socket, &QTcpSocket::disconnected, this, &LSPAbstractClient::loseConnection);
@@ -74,11 +80,25 @@ void LSPAbstractClient::acceptConnection()
 
 void LSPAbstractClient::loseConnection()
 {
-    m_socket->deleteLater();
+    m_reader->retire();
+    m_reader = nullptr;
     m_socket = nullptr;
-    if (m_status >= Ready && m_process != nullptr)
-        QTimer::singleShot(timeToEnd, m_process, [process = m_process] { process->end(); });
+    if (m_status >= Ready && m_process != nullptr) {
+        QTimer::singleShot(timeToEnd, m_process, [this, process = m_process] {
+            if (m_socket == nullptr) // it has not connected anew
+                process->end();
+        });
+    }
     Q_EMIT serverDisconnected();
+}
+
+void LSPAbstractClient::closeConnection()
+{
+    if (m_socket == nullptr || m_reader == nullptr || !m_reader->isReading())
+        return; // it goes with the children
+    m_socket->disconnect(this);
+    m_reader->retire();
+    m_socket->abort();
 }
 
 void LSPAbstractClient::write(const LSPMessage& message)

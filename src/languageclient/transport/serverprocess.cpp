@@ -8,8 +8,12 @@ namespace Halvorin::LSP {
 
 ServerProcess::ServerProcess(QObject* parent) : QProcess(parent)
 {
-    // A server that is gone may have left others in its group.
-    connect(this, QOverload<int, ExitStatus>::of(&QProcess::finished), this, &ServerProcess::end);
+    connect(this, &QProcess::stateChanged, this, [this](ProcessState state) {
+        if (state != NotRunning)
+            return;
+        end();       // it may have left others in its group
+        m_group = 0; // the number may become another's
+    });
 }
 
 ServerProcess::~ServerProcess()
@@ -22,6 +26,8 @@ ServerProcess::~ServerProcess()
 void ServerProcess::startServer(const QString& program, quint16 port)
 {
     start(program, {QStringLiteral("--socket=") + QString::number(port)}, ReadWrite);
+    if (state() == NotRunning)
+        return; // it could not even be tried
     m_group = processId();
     if (const QByteArray output = readAllStandardOutput(); !output.isEmpty())
         qDebug() << output;
