@@ -127,7 +127,7 @@ void LSPAbstractClient::completeShutdown(LSPShutdownMonitor& monitor)
 {
     monitor.disconnect(this); // a second answer changes nothing
     monitor.deleteLater();
-    if (m_status != ShuttingDown)
+    if (m_status == Exited)
         return; // the server has ended since it answered
     const QPointer<LSPAbstractClient> self(this);
     setStatus(Exiting);
@@ -162,7 +162,19 @@ void LSPAbstractClient::setStatus(LSPClientStatus status)
     if (m_status == status)
         return;
     m_status = status;
-    Q_EMIT statusChanged(status);
+    emitGuarded([this, status] { Q_EMIT statusChanged(status); });
+}
+
+/// An exception of a handler must not reach Qt's event loop, nor keep the client from what it is about to do.
+void LSPAbstractClient::emitGuarded(const std::function<void()>& emission)
+{
+    try {
+        emission();
+    } catch (const std::exception& error) {
+        log(System::MessageSeverity::error, clientChannel, QString::fromUtf8(error.what()));
+    } catch (...) {
+        log(System::MessageSeverity::error, clientChannel, QStringLiteral("unknown error"));
+    }
 }
 
 void LSPAbstractClient::flushQueue(LSPClientStatus status)

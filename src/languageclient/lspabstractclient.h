@@ -15,6 +15,7 @@
 #include <QJsonDocument>
 #include <QObject>
 #include <QUrl>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,7 +44,8 @@ class ServerProcess;
 /// deleteLater() on a client that is ready shuts the server down in order and deletes the client when its
 /// process has ended; a second deleteLater(), and the destructor, do not wait for that: the process is then
 /// killed. A handler of any signal may delete the client, but for those that come amid its operations:
-/// messageQueued, messageSent.
+/// messageQueued, messageSent. An exception that a handler of statusChanged, messageSent, serverDisconnected
+/// or of what the server sends lets out is logged.
 ///
 /// To add an operation: its records, its monitor in requestmonitors.h, and two lines here and in
 /// lspclientrequests.cpp.
@@ -144,6 +146,7 @@ private:
 
     // The handshake and the end.
     void setStatus(LSPClientStatus status);
+    static void emitGuarded(const std::function<void()>& emission);
     void flushQueue(LSPClientStatus status);
     void takeCapabilities(const LSPInitializeMonitor& monitor);
     void completeHandshake(LSPInitializeMonitor& monitor);

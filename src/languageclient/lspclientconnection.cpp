@@ -49,8 +49,10 @@ void LSPAbstractClient::start(const std::wstring& program, bool external)
         if (m_process == process)
             m_process = nullptr;
     });
-    connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
-            [this] { setStatus(Exited); });
+    connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this, [this, process] {
+        if (m_process == process) // not one that another has taken the place of
+            setStatus(Exited);
+    });
     process->startServer(QString::fromStdWString(program), m_server->serverPort());
 }
 
@@ -66,16 +68,16 @@ void LSPAbstractClient::acceptConnection()
     m_socket = m_server->nextPendingConnection();
     if (m_socket == nullptr)
         return;
-    const QPointer<LSPAbstractClient> self(this);
-    setStatus(Connected);
-    if (!self)
-        return; // a handler has deleted the client
     acknowledgePromptly(*m_socket);
     m_reader = new FrameReader(*m_socket, [this](const QJsonDocument& document, const QDateTime& timestamp) {
         Q_EMIT messageReceived(document, timestamp);
     });
     connect(m_socket, &QTcpSocket::disconnected, this, &LSPAbstractClient::loseConnection);
-    initialize();
+    const QPointer<LSPAbstractClient> self(this);
+    const QPointer<QTcpSocket> socket(m_socket);
+    setStatus(Connected);
+    if (self && socket && socket == m_socket) // a handler may have deleted the client, or let the server go
+        initialize();
 }
 
 void LSPAbstractClient::loseConnection()
@@ -89,7 +91,7 @@ void LSPAbstractClient::loseConnection()
                 process->end();
         });
     }
-    Q_EMIT serverDisconnected();
+    emitGuarded([this] { Q_EMIT serverDisconnected(); });
 }
 
 void LSPAbstractClient::closeConnection()
@@ -107,11 +109,11 @@ void LSPAbstractClient::write(const LSPMessage& message)
     if (m_socket == nullptr) {
         log(MessageSeverity::warning, serverChannel,
             QStringLiteral("no connection to the server, message dropped: ") +
-                message.toJson().value(QLatin1String("method")).toString());
+                message.toJson().value(QLatin1String("method")).toString(QStringLiteral("an answer")));
         return;
     }
     const QByteArray text = document.toJson(QJsonDocument::Compact);
-    Q_EMIT messageSent(document, QDateTime::currentDateTime());
+    emitGuarded([this, &document] { Q_EMIT messageSent(document, QDateTime::currentDateTime()); });
     if (isLogged(MessageSeverity::diagnostic))
         log(MessageSeverity::diagnostic, serverChannel, "sending message: " + text.toStdString());
     if (m_socket != nullptr) // a handler may have run an event loop

@@ -2,11 +2,13 @@
 
 #include "languageclient/transport/platform.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 namespace Halvorin::LSP {
 
-ServerProcess::ServerProcess(QObject* parent) : QProcess(parent)
+ServerProcess::ServerProcess(QObject* parent)
+    : QProcess(parent), m_application(QCoreApplication::applicationPid())
 {
     connect(this, &QProcess::stateChanged, this, [this](ProcessState state) {
         if (state != NotRunning)
@@ -18,9 +20,10 @@ ServerProcess::ServerProcess(QObject* parent) : QProcess(parent)
 
 ServerProcess::~ServerProcess()
 {
-    disconnect(); // nobody is to hear of the end of an object that is going
+    const bool wereBlocked = blockSignals(true); // nobody is to hear of the end of an object that is going
     end();
     waitForFinished(); // it was killed: only the system's bookkeeping is waited for
+    blockSignals(wereBlocked);
 }
 
 void ServerProcess::startServer(const QString& program, quint16 port)
@@ -45,7 +48,7 @@ void ServerProcess::end()
 
 void ServerProcess::setupChildProcess()
 {
-    Platform::leadProcessGroup();
+    Platform::leadProcessGroup(m_application);
 }
 
 } // namespace Halvorin::LSP

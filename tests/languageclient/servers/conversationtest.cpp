@@ -119,3 +119,14 @@ TEST(Conversation, ReachesTheServerWithWhatWasSaidBeforeItWasThere)
                   QStringLiteral("Content-Length: %1\r\n\r\n").arg(body.size()));
     }
 }
+
+TEST(Conversation, GoesOnWithTheSameServerWhenASettingChanges)
+{
+    const ServedClient served;
+    ASSERT_TRUE(served.reaches(LSPClientStatus::Ready));
+    served.client->setting(QStringLiteral("python.pythonPath"), QStringLiteral("/other"));
+    ASSERT_TRUE(served.server.waitForMessage(QStringLiteral("workspace/didChangeConfiguration")));
+    EXPECT_EQ(served.hoverText(), usualHover);
+    EXPECT_EQ(served.server.events(QStringLiteral("started")).size(), 1U);
+    EXPECT_EQ(served.server.received(QStringLiteral("workspace/didChangeConfiguration")).size(), 1U);
+}

@@ -1,5 +1,6 @@
 #include "servedclient.h"
 
+#include <QProcess>
 #include <functional>
 
 using namespace Halvorin::LSP;
@@ -33,6 +34,27 @@ TEST(Destruction, OfAReadyClientShutsTheServerDownInOrderAndWaitsForItsEnd)
                            QStringLiteral("shutdown"), QStringLiteral("exit")}));
     ASSERT_EQ(served.server.events(QStringLiteral("exit")).size(), 1U);
     EXPECT_EQ(served.server.events(QStringLiteral("exit")).at(0).value(QLatin1String("code")), QJsonValue(0));
+}
+
+TEST(Destruction, OfAReadyClientDoesNotWaitForRequestsInFlight)
+{
+    const ServedClient served(R"({"on": {"textDocument/hover": []}})");
+    ASSERT_TRUE(served.reaches(Ready));
+    served.askForHover();
+    ASSERT_TRUE(served.server.waitForMessage(QStringLiteral("textDocument/hover")));
+    served.client->deleteLater();
+    EXPECT_TRUE(isDeleted(served));
+    EXPECT_TRUE(served.serverIsGone());
+}
+
+TEST(Destruction, OfTheProcessAloneEndsTheServerAndLeavesTheClient)
+{
+    const ServedClient served;
+    ASSERT_TRUE(served.reaches(Ready));
+    delete served.client->findChild<QProcess*>();
+    EXPECT_TRUE(served.serverIsGone());
+    EXPECT_TRUE(waitFor([&served] { return served.disconnections == 1; }));
+    EXPECT_TRUE(served.client);
 }
 
 TEST(Destruction, AskedForTwiceComesAtOnce)
