@@ -14,6 +14,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStandardPaths>
+#include <QTextCodec>
 #include <array>
 #include <memory>
 #include <optional>
@@ -91,11 +92,11 @@ LanguageQuestion languageQuestion(const Arguments& arguments)
             throw UsageError(std::string("--at: ") + error.what());
         }
     }
-    std::string bytes = readTextInput(arguments.file);
-    if (constexpr std::string_view mark = "\xEF\xBB\xBF"; bytes.starts_with(mark))
-        bytes.erase(0, mark.size());
-    question.text = QString::fromStdString(bytes);
-    if (question.text.toStdString() != bytes)
+    const std::string bytes = readTextInput(arguments.file);
+    QTextCodec::ConverterState state; // passes over a byte order mark
+    question.text =
+        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.data(), static_cast<int>(bytes.size()), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
         throw std::runtime_error(shownInputName(arguments.file) + ": the text is not UTF-8");
     // A server wants to know where the text belongs: standard input belongs to the folder that we are in.
     const QString path =

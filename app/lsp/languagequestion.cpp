@@ -30,6 +30,8 @@ public:
                              if (status == LSPClientStatus::Exited)
                                  fail("the language server is gone");
                          });
+        QObject::connect(&client, &LSPAbstractClient::messageSent, &m_scope,
+                         [this](const QJsonDocument& message) { watchHandshake(message.object()); });
         QObject::connect(&client, &LSPAbstractClient::responseReceived, &m_scope,
                          [this](const LSPResponseMessage& response) { lookForRefusal(response); });
         QTimer::singleShot(patience, &m_scope, [this, patience] {
@@ -41,6 +43,8 @@ public:
     void watchStart()
     {
         const auto* process = m_client.findChild<QProcess*>();
+        if (process == nullptr)
+            return;
         QObject::connect(
             process, &QProcess::errorOccurred, &m_scope, [this, process](QProcess::ProcessError error) {
                 if (error == QProcess::FailedToStart)
@@ -98,11 +102,24 @@ private:
         });
     }
 
+    /// The client logs why a handshake fails, and waits for ever.
+    void watchHandshake(const QJsonObject& sent)
+    {
+        if (sent.value(QLatin1String("method")) == QLatin1String("initialize"))
+            m_initializeId = sent.value(QLatin1String("id"));
+    }
+
     void lookForRefusal(const LSPResponseMessage& response)
     {
-        if (m_client.status() == LSPClientStatus::Initializing && response.contains(QLatin1String("error")))
-            fail(std::string("the language server refused: ") +
-                 LSPRequestException(response.error().value_or(LSPResponseError())).what());
+        if (response.toJson().value(QLatin1String("id")) != m_initializeId)
+            return;
+        QTimer::singleShot(0, &m_scope, [this, response] { // when the client has looked at it, too
+            if (m_client.status() != LSPClientStatus::Initializing)
+                return;
+            const auto error = response.error();
+            fail("the language server refused: " +
+                 (error ? error->message().toStdString() : std::string("it does not say what it can do")));
+        });
     }
 
     void succeed(const QJsonValue& answer)
@@ -121,6 +138,7 @@ private:
     LSPAbstractClient& m_client;
     QObject m_scope; // the connections live as long as the conversation
     QEventLoop m_loop;
+    QJsonValue m_initializeId = QJsonValue::Undefined;
     std::optional<QJsonValue> m_answer;
     std::string m_failure;
 };

@@ -102,7 +102,7 @@ void LSPAbstractClient::takeCapabilities(const LSPInitializeMonitor& monitor)
     } catch (const std::exception&) {
         return; // the second handler meets the same, and logs it
     }
-    Q_EMIT serverCapabilitiesReceived(*m_serverCapabilities);
+    emitGuarded([this] { Q_EMIT serverCapabilitiesReceived(*m_serverCapabilities); });
 }
 
 void LSPAbstractClient::completeHandshake(LSPInitializeMonitor& monitor)
@@ -116,7 +116,7 @@ void LSPAbstractClient::completeHandshake(LSPInitializeMonitor& monitor)
         initializeResult(monitor); // raises what the server has against it
         initialized();
         setStatus(Ready);
-        if (self) // no handler has deleted the client
+        if (self && m_status == Ready) // no handler has deleted the client, or shut it down
             Q_EMIT clientReady();
     } catch (const std::exception& error) {
         log(System::MessageSeverity::error, clientChannel, QString::fromUtf8(error.what()));
@@ -127,8 +127,8 @@ void LSPAbstractClient::completeShutdown(LSPShutdownMonitor& monitor)
 {
     monitor.disconnect(this); // a second answer changes nothing
     monitor.deleteLater();
-    if (m_status == Exited)
-        return; // the server has ended since it answered
+    if (m_status == Exiting || m_status == Exited)
+        return; // "exit" is said once, and not to a server that has ended since it answered
     const QPointer<LSPAbstractClient> self(this);
     setStatus(Exiting);
     if (self) // no handler has deleted the client
@@ -165,7 +165,8 @@ void LSPAbstractClient::setStatus(LSPClientStatus status)
     emitGuarded([this, status] { Q_EMIT statusChanged(status); });
 }
 
-/// An exception of a handler must not reach Qt's event loop, nor keep the client from what it is about to do.
+/// An exception of a handler must not reach Qt's event loop, nor keep the client from what it does next.
+/// Handlers that come behind the one that threw are not called.
 void LSPAbstractClient::emitGuarded(const std::function<void()>& emission)
 {
     try {

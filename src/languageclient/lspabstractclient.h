@@ -66,8 +66,9 @@ public:
     /// Begins the handshake; called when a server has connected.
     virtual void initialize();
 
-    /// Starts the server's program. Whether that works shows only in a connection that comes or not. With
-    /// `external` nothing is started: somebody else's server is to connect to the port that was logged.
+    /// Starts the server's program, which takes the place of an earlier one: the end of that is no longer
+    /// told. Whether it works shows only in a connection that comes or not. With `external` nothing is
+    /// started: somebody else's server is to connect to the port that was logged.
     void start(const std::wstring& program, bool external = false);
 
     LSPClientStatus status() const { return m_status; }
@@ -140,6 +141,8 @@ private:
     // The connection.
     void listen();
     void acceptConnection();
+    QTcpSocket* nextConnection();
+    void limitPendingConnections();
     void loseConnection();
     void closeConnection();
     void write(const LSPMessage& message);

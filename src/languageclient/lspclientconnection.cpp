@@ -24,6 +24,13 @@ using System::MessageSeverity;
 /// A server that has lost its client should end by itself. This is the time that it has for it.
 constexpr std::chrono::seconds timeToEnd(2);
 
+void logDropped(const LSPMessage& message)
+{
+    const QString method = message.value(QLatin1String("method")).toString(QStringLiteral("an answer"));
+    log(MessageSeverity::warning, serverChannel,
+        QStringLiteral("no connection to the server, message dropped: ") + method);
+}
+
 } // namespace
 
 void LSPAbstractClient::listen()
@@ -63,9 +70,10 @@ void LSPAbstractClient::acceptConnection()
     if (m_socket != nullptr) {
         log(MessageSeverity::warning, serverChannel,
             QStringLiteral("Multiple incoming connections unsupported"));
+        limitPendingConnections();
         return;
     }
-    m_socket = m_server->nextPendingConnection();
+    m_socket = nextConnection();
     if (m_socket == nullptr)
         return;
     acknowledgePromptly(*m_socket);
@@ -78,6 +86,29 @@ void LSPAbstractClient::acceptConnection()
     setStatus(Connected);
     if (self && socket && socket == m_socket) // a handler may have deleted the client, or let the server go
         initialize();
+}
+
+/// What was pending while another server was connected may be gone by now, and would never say so again.
+QTcpSocket* LSPAbstractClient::nextConnection()
+{
+    while (QTcpSocket* socket = m_server->nextPendingConnection()) {
+        if (socket->state() == QAbstractSocket::ConnectedState) {
+            socket->setReadBufferSize(0);
+            return socket;
+        }
+        delete socket;
+    }
+    return nullptr;
+}
+
+/// Nobody reads from a connection that is pending: what it sends is to wait outside of our memory.
+void LSPAbstractClient::limitPendingConnections()
+{
+    constexpr qint64 enough = 4096;
+    for (QTcpSocket* socket : m_server->findChildren<QTcpSocket*>()) {
+        if (socket != m_socket)
+            socket->setReadBufferSize(enough);
+    }
 }
 
 void LSPAbstractClient::loseConnection()
@@ -106,18 +137,15 @@ void LSPAbstractClient::closeConnection()
 void LSPAbstractClient::write(const LSPMessage& message)
 {
     const QJsonDocument document(message.toJson());
-    if (m_socket == nullptr) {
-        log(MessageSeverity::warning, serverChannel,
-            QStringLiteral("no connection to the server, message dropped: ") +
-                message.toJson().value(QLatin1String("method")).toString(QStringLiteral("an answer")));
-        return;
-    }
+    if (m_socket == nullptr)
+        return logDropped(message);
     const QByteArray text = document.toJson(QJsonDocument::Compact);
     emitGuarded([this, &document] { Q_EMIT messageSent(document, QDateTime::currentDateTime()); });
     if (isLogged(MessageSeverity::diagnostic))
         log(MessageSeverity::diagnostic, serverChannel, "sending message: " + text.toStdString());
-    if (m_socket != nullptr) // a handler may have run an event loop
-        writeFrame(*m_socket, text);
+    if (m_socket == nullptr) // a handler has run an event loop
+        return logDropped(message);
+    writeFrame(*m_socket, text);
 }
 
 } // namespace Halvorin::LSP

@@ -368,3 +368,69 @@ TEST(Handshake, LeavesASocketThatAcknowledgesAtOnceAfterEachReading)
         EXPECT_TRUE(peer.hearsNothing()); // a question and its answer
     EXPECT_EQ(quick, (std::vector<int>(5, 1)));
 }
+
+TEST(Handshake, GoesOnWhenAHandlerOfTheCapabilitiesThrows)
+{
+    TestClient client;
+    QObject::connect(&client, &LSPAbstractClient::serverCapabilitiesReceived,
+                     [] { throw std::runtime_error("too many"); });
+    Peer peer(client);
+    peer.shakeHands();
+    EXPECT_EQ(client.status(), Ready);
+}
+
+TEST(Handshake, PassesOverAServerThatWentWhileItWasPending)
+{
+    TestClient client;
+    QSignalSpy gone(&client, &LSPAbstractClient::serverDisconnected);
+    {
+        Peer first(client);
+        first.shakeHands();
+        {
+            const HostLog log;
+            Peer second(client);
+            EXPECT_TRUE(QTest::qWaitFor([&log] { return !log.linesOf("warning: ").empty(); }));
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&client] {
+            for (const QTcpSocket* socket : client.findChildren<QTcpSocket*>()) {
+                if (socket->state() == QAbstractSocket::UnconnectedState)
+                    return true; // the client has heard that the second one is gone
+            }
+            return false;
+        }));
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&gone] { return gone.size() == 1; }));
+    Peer third(client);
+    third.shakeHands();
+    EXPECT_EQ(client.status(), Ready);
+}
+
+TEST(Handshake, LeavesWhatAPendingConnectionSendsOutside)
+{
+    const HostLog log;
+    TestClient client;
+    Peer peer(client);
+    peer.shakeHands();
+    Peer other(client);
+    EXPECT_TRUE(QTest::qWaitFor([&log] { return !log.linesOf("warning: ").empty(); }));
+    other.write(QByteArray(50'000'000, 'x'));
+    EXPECT_TRUE(peer.hearsNothing());
+    for (const QTcpSocket* socket : client.findChildren<QTcpSocket*>())
+        EXPECT_LE(socket->bytesAvailable(), 4096);
+}
+
+TEST(Handshake, SaysExitOnceToTwoShutdowns)
+{
+    TestClient client;
+    client.shutdown();
+    Peer peer(client);
+    peer.shakeHands();
+    client.shutdown();
+    const QJsonObject first = peer.next();
+    const QJsonObject second = peer.next();
+    peer.answer(first, QJsonValue::Null);
+    peer.answer(second, QJsonValue::Null);
+    EXPECT_EQ(method(peer.next()), QLatin1String("exit"));
+    QTest::qWait(50);
+    EXPECT_EQ(peer.socket().bytesAvailable(), 0);
+}

@@ -44,7 +44,8 @@ public:
     explicit Peer(const Halvorin::LSP::LSPAbstractClient& client)
     {
         m_socket.connectToHost(QHostAddress::LocalHost, portOf(client));
-        EXPECT_TRUE(QTest::qWaitFor([this] { return m_socket.state() == QAbstractSocket::ConnectedState; }));
+        EXPECT_TRUE(
+            QTest::qWaitFor([this] { return m_socket.state() == QAbstractSocket::ConnectedState; }, 60'000));
     }
 
     QTcpSocket& socket() { return m_socket; }
@@ -53,7 +54,8 @@ public:
     QJsonObject next()
     {
         QByteArray body;
-        const bool come = QTest::qWaitFor([this, &body] { return takeFrame(body); });
+        const bool come =
+            QTest::qWaitFor([this, &body] { return takeFrame(body); }, 60'000); // far beyond need
         EXPECT_TRUE(come) << "no message came";
         return json(body);
     }

@@ -163,6 +163,16 @@ TEST_F(Lsp, FailsWhenTheServerRefuses)
 {
     expectFailure(R"({"on": {"initialize": [{"respond": {"error": {"code": 1, "message": "not today"}}}]}})",
                   "the language server refused: not today");
+    expectFailure(R"({"on": {"initialize": [{"respond": {"result": null}}]}})",
+                  "the language server refused: it does not say what it can do");
+}
+
+TEST_F(Lsp, PassesOverAnErrorThatNobodyAskedFor)
+{
+    const ScriptedServer server(
+        R"({"steps": [{"send": {"id": 99, "error": {"code": 1, "message": "stray"}}}]})");
+    const ProcessResult result = ask(server, "--hover");
+    EXPECT_EQ(result.exitCode, 0) << result.error;
 }
 
 TEST_F(Lsp, FailsWhenTheServerEnds)

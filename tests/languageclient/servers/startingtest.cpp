@@ -83,3 +83,18 @@ TEST(Starting, OfAnExternalServerStartsNothing)
     external.kill();
     EXPECT_TRUE(external.waitForFinished());
 }
+
+TEST(Starting, AnotherServerTakesThePlaceOfTheFirst)
+{
+    const ServedClient served(R"({"start": [{"hang": true}]})");
+    ASSERT_TRUE(served.server.waitForEvent(QStringLiteral("hanging")));
+    const ScriptedServer other;
+    const auto* first = served.client->findChild<QProcess*>();
+    served.client->start(other.program().toStdWString());
+    ASSERT_TRUE(served.reaches(LSPClientStatus::Ready));
+    delete first; // its end is not that of the server
+    EXPECT_EQ(served.client->status(), LSPClientStatus::Ready);
+    EXPECT_EQ(served.hoverText(), usualHover);
+    delete served.client;
+    EXPECT_TRUE(waitFor([&other] { return other.running().empty(); }));
+}
