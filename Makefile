@@ -38,7 +38,7 @@ fuzz: dependencies ## Run each fuzz target for SECONDS (60 unless told)
 	@cmake --build --preset fuzz --parallel $(JOBS) --target fuzzers
 	@scripts/fuzz build/fuzz/bin $(or $(SECONDS),60)
 
-bench: build ## Time the hot paths, each beside a peer or a limit, and print one table
+bench: build language-server ## Time the hot paths, each beside a peer or a limit, and print one table
 	@scripts/bench build/release/bin/halvorin-benchmarks*
 
 coverage: dependencies language-server ## Run the tests with line counters and print a summary of what they reach

@@ -14,6 +14,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStandardPaths>
+#include <QTextCodec>
 #include <array>
 #include <memory>
 #include <optional>
@@ -62,11 +63,16 @@ Kind askedKind(const Arguments& arguments)
 }
 
 /// The program that the option says, else the host's option, else what the search path has.
-QString serverProgram(const std::string& given)
+QString serverProgram(const std::string& wanted)
 {
     const std::string configured = sp_GetStringOption("python.languageServer").tocs();
-    const std::string name = !given.empty() ? given : !configured.empty() ? configured : "pyright-langserver";
-    const QString program = QStandardPaths::findExecutable(QFile::decodeName(name.c_str()));
+    const std::string name = !wanted.empty()       ? wanted
+                             : !configured.empty() ? configured
+                                                   : "pyright-langserver";
+    const bool isPath = name.find('/') != std::string::npos;
+    const QString given = QFile::decodeName(name.c_str());
+    const QString program =
+        QStandardPaths::findExecutable(isPath ? QFileInfo(given).absoluteFilePath() : given);
     if (program.isEmpty())
         throw std::runtime_error(name + ": there is no such language server (--server names one)");
     return program;
@@ -86,7 +92,12 @@ LanguageQuestion languageQuestion(const Arguments& arguments)
             throw UsageError(std::string("--at: ") + error.what());
         }
     }
-    question.text = QString::fromStdString(readTextInput(arguments.file));
+    const std::string bytes = readTextInput(arguments.file);
+    QTextCodec::ConverterState state; // passes over a byte order mark
+    question.text =
+        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.data(), static_cast<int>(bytes.size()), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
+        throw std::runtime_error(shownInputName(arguments.file) + ": the text is not UTF-8");
     // A server wants to know where the text belongs: standard input belongs to the folder that we are in.
     const QString path =
         arguments.file == "-" ? QStringLiteral("stdin.py") : QFile::decodeName(arguments.file.c_str());

@@ -32,7 +32,8 @@ function(halvorin_add_folder name)
 endfunction()
 
 # halvorin_add_tests(NAME LABEL label [LINKS target...] [QT])
-#   A GoogleTest program of every .cpp in the current folder, each case a ctest of its own.
+#   A GoogleTest program of every .cpp in the current folder, each case a ctest of its own. "testfolders.h" says
+#   where the folder and the project are, as TEST_SOURCE_FOLDER and PROJECT_FOLDER.
 function(halvorin_add_tests name)
     cmake_parse_arguments(TESTS "QT" "LABEL" "LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS *.cpp)
@@ -42,8 +43,10 @@ function(halvorin_add_tests name)
     add_executable(${name} ${sources})
     target_link_libraries(${name} PRIVATE
         ${TESTS_LINKS} halvorin-test-support GTest::gmock GTest::gtest_main halvorin-warnings)
-    target_compile_definitions(${name} PRIVATE
-        TEST_SOURCE_FOLDER="${CMAKE_CURRENT_SOURCE_DIR}" PROJECT_FOLDER="${CMAKE_SOURCE_DIR}")
+    # in a header, not among the definitions: what does not include it is compiled alike wherever it stands
+    file(CONFIGURE OUTPUT testfolders.h CONTENT
+"#define TEST_SOURCE_FOLDER \"${CMAKE_CURRENT_SOURCE_DIR}\"\n#define PROJECT_FOLDER \"${CMAKE_SOURCE_DIR}\"\n" @ONLY)
+    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
     target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/testpch.h)
     if(TESTS_QT)
         target_link_libraries(${name} PRIVATE halvorin-qt-rules)

@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <QJsonObject>
 #include <QPointer>
+#include <QProcess>
 #include <QTimer>
 #include <optional>
 #include <stdexcept>
@@ -23,17 +24,34 @@ public:
     Conversation(LSPAbstractClient& client, std::chrono::milliseconds patience) : m_client(client)
     {
         QObject::connect(&client, &LSPAbstractClient::serverDisconnected, &m_scope,
-                         [this] { fail("the language server closed the connection"); });
+                         [this] { fail("the language server is gone"); });
         QObject::connect(&client, &LSPAbstractClient::statusChanged, &m_scope,
                          [this](LSPClientStatus status) {
                              if (status == LSPClientStatus::Exited)
-                                 fail("the language server ended");
+                                 fail("the language server is gone");
                          });
+        QObject::connect(&client, &LSPAbstractClient::messageSent, &m_scope,
+                         [this](const QJsonDocument& message) { watchHandshake(message.object()); });
         QObject::connect(&client, &LSPAbstractClient::responseReceived, &m_scope,
                          [this](const LSPResponseMessage& response) { lookForRefusal(response); });
         QTimer::singleShot(patience, &m_scope, [this, patience] {
             fail("no answer of the language server within " + std::to_string(patience.count()) + " ms");
         });
+    }
+
+    /// The client itself says nothing of a program that cannot be run.
+    void watchStart()
+    {
+        const auto* process = m_client.findChild<QProcess*>();
+        if (process == nullptr)
+            return;
+        QObject::connect(
+            process, &QProcess::errorOccurred, &m_scope, [this, process](QProcess::ProcessError error) {
+                if (error == QProcess::FailedToStart)
+                    fail("the language server cannot be run: " + process->errorString().toStdString());
+            });
+        if (process->state() == QProcess::NotRunning)
+            fail("the language server cannot be run: " + process->errorString().toStdString());
     }
 
     void ask(const LanguageQuestion& question)
@@ -49,11 +67,14 @@ public:
         case LanguageQuestion::Kind::signature:
             return awaitAnswer(m_client.signatureHelp(LSPSignatureHelpParams(document, position)));
         case LanguageQuestion::Kind::diagnostics:
-            QObject::connect(
-                &m_client, &LSPAbstractClient::publishDiagnosticsNotification, &m_scope,
-                [this](const LSPPublishDiagnosticsNotification& notification) {
-                    succeed(notification.diagnosticsParams().toJson().value(QLatin1String("diagnostics")));
-                });
+            QObject::connect(&m_client, &LSPAbstractClient::publishDiagnosticsNotification, &m_scope,
+                             [this, document = question.document.toLocalFile()](
+                                 const LSPPublishDiagnosticsNotification& notification) {
+                                 const LSPPublishDiagnosticsParams params = notification.diagnosticsParams();
+                                 if (params.uri().toLocalFile() ==
+                                     document) // the server may speak of others, too
+                                     succeed(params.toJson().value(QLatin1String("diagnostics")));
+                             });
         }
     }
 
@@ -81,11 +102,24 @@ private:
         });
     }
 
+    /// The client logs why a handshake fails, and waits for ever.
+    void watchHandshake(const QJsonObject& sent)
+    {
+        if (sent.value(QLatin1String("method")) == QLatin1String("initialize"))
+            m_initializeId = sent.value(QLatin1String("id"));
+    }
+
     void lookForRefusal(const LSPResponseMessage& response)
     {
-        if (m_client.status() == LSPClientStatus::Initializing && response.contains(QLatin1String("error")))
-            fail(std::string("the language server refused: ") +
-                 LSPRequestException(response.error().value_or(LSPResponseError())).what());
+        if (response.toJson().value(QLatin1String("id")) != m_initializeId)
+            return;
+        QTimer::singleShot(0, &m_scope, [this, response] { // when the client has looked at it, too
+            if (m_client.status() != LSPClientStatus::Initializing)
+                return;
+            const auto error = response.error();
+            fail("the language server refused: " +
+                 (error ? error->message().toStdString() : std::string("it does not say what it can do")));
+        });
     }
 
     void succeed(const QJsonValue& answer)
@@ -104,6 +138,7 @@ private:
     LSPAbstractClient& m_client;
     QObject m_scope; // the connections live as long as the conversation
     QEventLoop m_loop;
+    QJsonValue m_initializeId = QJsonValue::Undefined;
     std::optional<QJsonValue> m_answer;
     std::string m_failure;
 };
@@ -140,6 +175,7 @@ QJsonValue askLanguageServer(std::unique_ptr<LSPAbstractClient> client, const st
     Farewell farewell(std::move(client));
     Conversation conversation(farewell.client(), patience);
     farewell.client().start(program);
+    conversation.watchStart();
     conversation.ask(question);
     return conversation.answer();
 }

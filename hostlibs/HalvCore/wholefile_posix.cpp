@@ -217,12 +217,12 @@ Expected<void, ErrorCode2> writeWholeFiles(const std::vector<WholeFile>& files)
             return prepared;
     }
     // What is written in place cannot be taken back, and may wait for a reader; so it comes last.
-    const auto inPlace = std::ranges::stable_partition(
-        pending, [](const PendingFile& file) { return !file.isWrittenInPlace(); });
-    const PendingFiles replaced(pending.begin(), inPlace.begin());
+    const auto inPlace = std::stable_partition(
+        pending.begin(), pending.end(), [](const PendingFile& file) { return !file.isWrittenInPlace(); });
+    const PendingFiles replaced(pending.begin(), inPlace);
     if (auto finished = finishAll(replaced); !finished)
         return finished;
-    for (PendingFile& file : inPlace) {
+    for (PendingFile& file : PendingFiles(inPlace, pending.end())) {
         if (auto finished = file.finishInPlace(); !finished) {
             undoAll(replaced);
             return finished;

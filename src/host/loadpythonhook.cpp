@@ -37,6 +37,8 @@ void loadPythonHook()
         fillLanguageServer(manager);
     } catch (const std::exception& error) {
         PythonLog::error(error.what());
+        registerPythonVersion(""); // there are the options at the least
+        registerLanguageServer();
     }
 }
 

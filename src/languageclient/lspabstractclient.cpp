@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPointer>
 #include <exception>
 
 namespace Halvorin::LSP {
@@ -51,6 +52,7 @@ LSPAbstractClient::LSPAbstractClient(QObject* parent)
 
 LSPAbstractClient::~LSPAbstractClient()
 {
+    closeConnection();
     delete m_process; // now, not with the children: nothing of the server is to outlive the client
 }
 
@@ -58,9 +60,9 @@ bool LSPAbstractClient::event(QEvent* event)
 {
     if (event->type() == QEvent::DeferredDelete && m_process != nullptr &&
         m_process->state() != QProcess::NotRunning && m_status == Ready) {
-        shutdown();
         connect(m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
                 &QObject::deleteLater);
+        shutdown();
         return true;
     }
     return QObject::event(event);
@@ -100,21 +102,37 @@ void LSPAbstractClient::takeCapabilities(const LSPInitializeMonitor& monitor)
     } catch (const std::exception&) {
         return; // the second handler meets the same, and logs it
     }
-    Q_EMIT serverCapabilitiesReceived(*m_serverCapabilities);
+    emitGuarded([this] { Q_EMIT serverCapabilitiesReceived(*m_serverCapabilities); });
 }
 
 void LSPAbstractClient::completeHandshake(LSPInitializeMonitor& monitor)
 {
     monitor.disconnect(this); // a second answer changes nothing
     monitor.deleteLater();
+    if (m_status != Initializing)
+        return; // the server has ended since it answered
+    const QPointer<LSPAbstractClient> self(this);
     try {
         initializeResult(monitor); // raises what the server has against it
         initialized();
         setStatus(Ready);
-        Q_EMIT clientReady();
+        if (self && m_status == Ready) // no handler has deleted the client, or shut it down
+            Q_EMIT clientReady();
     } catch (const std::exception& error) {
         log(System::MessageSeverity::error, clientChannel, QString::fromUtf8(error.what()));
     }
+}
+
+void LSPAbstractClient::completeShutdown(LSPShutdownMonitor& monitor)
+{
+    monitor.disconnect(this); // a second answer changes nothing
+    monitor.deleteLater();
+    if (m_status == Exiting || m_status == Exited)
+        return; // "exit" is said once, and not to a server that has ended since it answered
+    const QPointer<LSPAbstractClient> self(this);
+    setStatus(Exiting);
+    if (self) // no handler has deleted the client
+        send(LSPNotificationMessage(QLatin1String("exit")), Exiting);
 }
 
 void LSPAbstractClient::readTriggerKeys(const LSPServerCapabilities& capabilities)
@@ -144,7 +162,20 @@ void LSPAbstractClient::setStatus(LSPClientStatus status)
     if (m_status == status)
         return;
     m_status = status;
-    Q_EMIT statusChanged(status);
+    emitGuarded([this, status] { Q_EMIT statusChanged(status); });
+}
+
+/// An exception of a handler must not reach Qt's event loop, nor keep the client from what it does next.
+/// Handlers that come behind the one that threw are not called.
+void LSPAbstractClient::emitGuarded(const std::function<void()>& emission)
+{
+    try {
+        emission();
+    } catch (const std::exception& error) {
+        log(System::MessageSeverity::error, clientChannel, QString::fromUtf8(error.what()));
+    } catch (...) {
+        log(System::MessageSeverity::error, clientChannel, QStringLiteral("unknown error"));
+    }
 }
 
 void LSPAbstractClient::flushQueue(LSPClientStatus status)

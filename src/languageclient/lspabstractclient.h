@@ -15,6 +15,7 @@
 #include <QJsonDocument>
 #include <QObject>
 #include <QUrl>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +25,7 @@ class QTcpSocket;
 
 namespace Halvorin::LSP {
 
+class FrameReader;
 class LSPWorkspaceSettings;
 class ServerProcess;
 
@@ -41,7 +43,9 @@ class ServerProcess;
 /// out when the status is the one that it requires, and stands in a queue before and for ever after.
 /// deleteLater() on a client that is ready shuts the server down in order and deletes the client when its
 /// process has ended; a second deleteLater(), and the destructor, do not wait for that: the process is then
-/// killed.
+/// killed. A handler of any signal may delete the client, but for those that come amid its operations:
+/// messageQueued, messageSent. An exception that a handler of statusChanged, messageSent, serverDisconnected
+/// or of what the server sends lets out is logged.
 ///
 /// To add an operation: its records, its monitor in requestmonitors.h, and two lines here and in
 /// lspclientrequests.cpp.
@@ -62,8 +66,9 @@ public:
     /// Begins the handshake; called when a server has connected.
     virtual void initialize();
 
-    /// Starts the server's program. Whether that works shows only in a connection that comes or not. With
-    /// `external` nothing is started: somebody else's server is to connect to the port that was logged.
+    /// Starts the server's program, which takes the place of an earlier one: the end of that is no longer
+    /// told. Whether it works shows only in a connection that comes or not. With `external` nothing is
+    /// started: somebody else's server is to connect to the port that was logged.
     void start(const std::wstring& program, bool external = false);
 
     LSPClientStatus status() const { return m_status; }
@@ -136,14 +141,19 @@ private:
     // The connection.
     void listen();
     void acceptConnection();
+    QTcpSocket* nextConnection();
+    void limitPendingConnections();
     void loseConnection();
+    void closeConnection();
     void write(const LSPMessage& message);
 
     // The handshake and the end.
     void setStatus(LSPClientStatus status);
+    static void emitGuarded(const std::function<void()>& emission);
     void flushQueue(LSPClientStatus status);
     void takeCapabilities(const LSPInitializeMonitor& monitor);
     void completeHandshake(LSPInitializeMonitor& monitor);
+    void completeShutdown(LSPShutdownMonitor& monitor);
     void readTriggerKeys(const LSPServerCapabilities& capabilities);
 
     // What the server sends.
@@ -158,6 +168,7 @@ private:
 
     QTcpServer* m_server = nullptr;
     QTcpSocket* m_socket = nullptr;
+    FrameReader* m_reader = nullptr; // of the socket, and gone with it
     ServerProcess* m_process = nullptr;
     LSPClientStatus m_status = LSPClientStatus::NotConnected;
     int m_nextId = 0;

@@ -52,7 +52,7 @@ void LSPAbstractClient::dispatchMethod(const QString& method, const QJsonObject&
         Q_EMIT showMessage(messageType(params), text);
     else if (method == QLatin1String("textDocument/publishDiagnostics"))
         Q_EMIT publishDiagnosticsNotification(LSPPublishDiagnosticsNotification(message));
-    else if (method == QLatin1String("workspace/configuration"))
+    else if (method == QLatin1String("workspace/configuration") && message.contains(QLatin1String("id")))
         answerConfiguration(LSPRequestMessage(message));
 }
 

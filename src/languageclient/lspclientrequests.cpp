@@ -77,12 +77,9 @@ LSPShutdownMonitor* LSPAbstractClient::shutdown()
 {
     auto* monitor =
         sendRequest<LSPShutdownMonitor>(LSPRequestMessage(m_nextId++, QLatin1String("shutdown")), Ready);
+    connect(monitor, &LSPShutdownMonitor::responseReady, this,
+            [this, monitor] { completeShutdown(*monitor); });
     setStatus(ShuttingDown);
-    connect(monitor, &LSPShutdownMonitor::responseReady, this, [this, monitor] {
-        setStatus(Exiting);
-        send(LSPNotificationMessage(QLatin1String("exit")), Exiting);
-        monitor->deleteLater();
-    });
     return monitor;
 }
 

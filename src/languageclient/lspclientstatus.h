@@ -5,7 +5,7 @@
 
 namespace Halvorin::LSP {
 
-/// How far a client has come with its server. It goes upward only, but for a server that connects anew.
+/// How far a client has come with its server. It goes upward only, until a server connects.
 enum class LSPClientStatus : int
 {
     NotConnected = 0,

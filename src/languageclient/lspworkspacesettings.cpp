@@ -1,15 +1,19 @@
 #include "languageclient/lspworkspacesettings.h"
 
 #include <QStringList>
+#include <stdexcept>
 
 namespace Halvorin::LSP {
 
 namespace {
 
+/// Qt goes down into JSON with its stack, and reads no more than 1024 levels.
+constexpr int maximumDepth = 500;
+
 /// The object with the value at the path that the keys make.
 QJsonObject withValue(const QJsonObject& object, const QStringList& keys, const QJsonValue& value)
 {
-    // From the root down to the object of the last key, then back up: a path may be as long as it likes.
+    // From the root down to the object of the last key, then back up.
     QList<QJsonObject> objects{object};
     for (int level = 0; level + 1 < keys.size(); ++level)
         objects.append(objects.last().value(keys.at(level)).toObject());
@@ -41,7 +45,10 @@ QJsonValue LSPWorkspaceSettings::value(const QString& path) const
 
 void LSPWorkspaceSettings::setValue(const QString& path, const QJsonValue& value)
 {
-    m_tree = path.isEmpty() ? value.toObject() : withValue(m_tree, path.split(QLatin1Char('.')), value);
+    const QStringList keys = path.split(QLatin1Char('.'));
+    if (keys.size() > maximumDepth)
+        throw std::length_error("a setting is nested too deeply");
+    m_tree = path.isEmpty() ? value.toObject() : withValue(m_tree, keys, value);
     Q_EMIT settingsChanged(m_tree);
 }
 

@@ -20,7 +20,8 @@ public:
     QJsonValue value(const QString& path) const;
 
     /// Makes the objects that the path needs, also in the place of what is no object. With an empty path the
-    /// value's object becomes the tree: an empty one when the value is no object.
+    /// value's object becomes the tree: an empty one when the value is no object. Raises std::length_error
+    /// for a path of more than 500 keys.
     void setValue(const QString& path, const QJsonValue& value);
 
 Q_SIGNALS:

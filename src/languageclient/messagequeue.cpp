@@ -1,18 +1,16 @@
 #include "languageclient/messagequeue.h"
 
-#include <algorithm>
-
 namespace Halvorin::LSP {
 
 namespace {
 
-/// The document that a message changes; undefined for any other message.
-QJsonValue changedDocument(const QJsonObject& message)
+/// The document that a message changes; null for any other message.
+QString changedDocument(const QJsonObject& message)
 {
     if (message.value(QLatin1String("method")) != QLatin1String("textDocument/didChange"))
-        return QJsonValue(QJsonValue::Undefined);
+        return {};
     const QJsonObject params = message.value(QLatin1String("params")).toObject();
-    return params.value(QLatin1String("textDocument")).toObject().value(QLatin1String("uri"));
+    return params.value(QLatin1String("textDocument")).toObject().value(QLatin1String("uri")).toString();
 }
 
 } // namespace
@@ -26,23 +24,27 @@ const LSPMessage& QueuedMessage::asMessage() const
 void MessageQueue::append(const LSPMessage& message, LSPClientStatus requiredStatus)
 {
     if (const auto* request = dynamic_cast<const LSPRequestMessage*>(&message)) {
-        m_messages.push_back({*request, requiredStatus});
+        m_messages.push_back({*request, requiredStatus, {}});
     } else if (const auto* notification = dynamic_cast<const LSPNotificationMessage*>(&message)) {
-        m_messages.push_back({*notification, requiredStatus});
-        dropOldChange(*notification);
+        m_messages.push_back({*notification, requiredStatus, changedDocument(message.toJson())});
+        dropOldChange(m_messages.back().changedDocument);
     }
 }
 
-void MessageQueue::dropOldChange(const LSPNotificationMessage& change)
+void MessageQueue::dropOldChange(const QString& document)
 {
-    const QJsonValue document = changedDocument(change.toJson());
-    if (document.isUndefined())
+    if (document.isNull())
         return;
-    const auto changesIt = [&document](const QueuedMessage& queued) {
-        return changedDocument(queued.asMessage().toJson()) == document;
-    };
-    if (std::count_if(m_messages.begin(), m_messages.end(), changesIt) > changesKept)
-        m_messages.erase(std::find_if(m_messages.begin(), m_messages.end(), changesIt));
+    int count = 0;
+    auto oldest = m_messages.end();
+    for (auto queued = m_messages.begin(); queued != m_messages.end(); ++queued) {
+        if (queued->changedDocument != document)
+            continue;
+        if (++count == 1)
+            oldest = queued;
+    }
+    if (count > changesKept)
+        m_messages.erase(oldest);
 }
 
 } // namespace Halvorin::LSP

@@ -4,6 +4,8 @@
 #include "languageclient/lspclientstatus.h"
 #include "languageclient/records/messages.h"
 
+#include <QString>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -14,6 +16,7 @@ struct QueuedMessage
 {
     std::variant<LSPRequestMessage, LSPNotificationMessage> message;
     LSPClientStatus requiredStatus;
+    QString changedDocument; ///< null unless it changes one
 
     const LSPMessage& asMessage() const;
 };
@@ -36,7 +39,7 @@ public:
     std::vector<QueuedMessage> take() { return std::exchange(m_messages, {}); }
 
 private:
-    void dropOldChange(const LSPNotificationMessage& change);
+    void dropOldChange(const QString& document);
 
     std::vector<QueuedMessage> m_messages;
 };

@@ -21,6 +21,7 @@
 #include "support/casefile.h"
 #include "support/jsontext.h"
 #include "support/recordinginterface.h"
+#include "testfolders.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,7 @@
 #include "shelltester.h"
 
 #include "support/smalldefinition.h"
+#include "testfolders.h"
 
 #include <fstream>
 

@@ -5,6 +5,7 @@
 #include "statechart/examples.h"
 #include "support/jsontext.h"
 #include "support/valuechanges.h"
+#include "testfolders.h"
 
 #include <cstdlib>
 

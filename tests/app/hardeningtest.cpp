@@ -2,6 +2,7 @@
 
 #include "shelltester.h"
 #include "support/smalldefinition.h"
+#include "testfolders.h"
 
 #include <csignal>
 #include <fstream>

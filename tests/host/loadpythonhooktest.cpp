@@ -115,6 +115,16 @@ TEST_F(LoadPythonHook, LeavesTheApplicationRunningWhenItFails)
     EXPECT_THAT(logAfterStart(), testing::StartsWith("error: python: filesystem error: "));
 }
 
+TEST_F(LoadPythonHook, RegistersItsOptionsAlsoWhenItFails)
+{
+    std::filesystem::create_symlink("plugins", machine.folder / "plugins");
+    EXPECT_EQ(afterStart([] {
+                  const bool both = defaultOf("python.pythonVersion") && defaultOf("python.languageServer");
+                  return std::string(both ? "both" : "not both");
+              }),
+              "both");
+}
+
 TEST_F(LoadPythonHook, LeavesTheApplicationRunningWhenNothingCanBeLoaded)
 {
     machine.setUpOne("3.11", 311);

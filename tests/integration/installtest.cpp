@@ -1,6 +1,7 @@
 #include "support/process.h"
 #include "support/smalldefinition.h"
 #include "support/temporaryfolder.h"
+#include "testfolders.h"
 
 #include <fstream>
 

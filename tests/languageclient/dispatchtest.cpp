@@ -129,6 +129,13 @@ TEST(Dispatch, AnswersWithAnErrorWhenTheConfigurationFails)
               R"({"error":{"code":-32603,"message":"unknown error"},"id":1,"jsonrpc":"2.0"})");
 }
 
+TEST(Dispatch, DoesNotAnswerAConfigurationNotification)
+{
+    ReadyClient connected;
+    connected.peer.send(json(R"({"method":"workspace/configuration","params":{"items":[]}})"));
+    EXPECT_TRUE(connected.peer.hearsNothing());
+}
+
 TEST(Dispatch, AnswersNoOtherRequestOfTheServer)
 {
     ReadyClient connected;

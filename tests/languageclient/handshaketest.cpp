@@ -1,11 +1,16 @@
 #include "languageclient/peer.h"
 #include "languageclient/testclient.h"
+#include "support/process.h"
 #include "support/qtcore/hostlog.h"
 
 #include <QCoreApplication>
 #include <QNetworkInterface>
 #include <QPointer>
 #include <QSignalSpy>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
 
 using namespace Halvorin::LSP;
 using enum LSPClientStatus;
@@ -264,4 +269,168 @@ TEST(Handshake, DeletesAClientWhoseServerNeverCameAtOnce)
     client->deleteLater();
     QCoreApplication::sendPostedEvents(client, QEvent::DeferredDelete);
     EXPECT_FALSE(client);
+}
+
+TEST(Handshake, NeverComesWhenTheClientCannotListen)
+{
+    const int code = runInChild([] {
+        const rlimit noMoreFiles{0, 0};
+        ::setrlimit(RLIMIT_NOFILE, &noMoreFiles);
+        const HostLog log;
+        TestClient client;
+        client.didClose(LSPTextDocumentIdentifier(QUrl(QStringLiteral("file:///a.py")))); // waits for ever
+        const Lines lines = log.lines();
+        const std::string start = "warning: langserv: Language client failed to start: ";
+        const bool isTold =
+            lines.size() == 1 && lines[0].starts_with(start) && lines[0].size() > start.size();
+        return isTold && client.status() == NotConnected ? 0 : 1;
+    });
+    EXPECT_EQ(code, 0);
+}
+
+TEST(Handshake, IsFollowedByAShutdownThatCameTooEarly)
+{
+    TestClient client;
+    client.shutdown();
+    EXPECT_EQ(client.status(), ShuttingDown);
+    Peer peer(client);
+    peer.shakeHands();
+    const QJsonObject request = peer.next();
+    EXPECT_EQ(method(request), QLatin1String("shutdown"));
+    peer.answer(request, QJsonValue::Null);
+    EXPECT_EQ(method(peer.next()), QLatin1String("exit"));
+    EXPECT_EQ(client.status(), Exiting);
+}
+
+TEST(Handshake, GoesOnWhenHandlersThrow)
+{
+    const HostLog log;
+    TestClient client;
+    QObject::connect(&client, &LSPAbstractClient::statusChanged,
+                     [] { throw std::runtime_error("not ready for that"); });
+    QObject::connect(&client, &LSPAbstractClient::messageSent, [] { throw 1; });
+    QSignalSpy gone(&client, &LSPAbstractClient::serverDisconnected);
+    QObject::connect(&client, &LSPAbstractClient::serverDisconnected,
+                     [] { throw std::runtime_error("gone"); });
+    {
+        Peer peer(client);
+        peer.shakeHands();
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&gone] { return gone.size() == 1; }));
+    EXPECT_EQ(log.linesOf("error: "),
+              (Lines{"error: lspclient: not ready for that", "error: lspclient: unknown error",
+                     "error: lspclient: not ready for that", "error: lspclient: unknown error",
+                     "error: lspclient: not ready for that", "error: lspclient: gone"}));
+}
+
+TEST(Handshake, IsGivenUpWhenTheServerGoesWhileAHandlerRunsAnEventLoop)
+{
+    TestClient client;
+    QSignalSpy gone(&client, &LSPAbstractClient::serverDisconnected);
+    QTcpSocket server;
+    const auto connection = QObject::connect(&client, &LSPAbstractClient::statusChanged, [&] {
+        server.abort();
+        EXPECT_TRUE(QTest::qWaitFor([&gone] { return gone.size() == 1; }));
+    });
+    server.connectToHost(QHostAddress::LocalHost, portOf(client));
+    EXPECT_TRUE(QTest::qWaitFor([&gone] { return gone.size() == 1; }));
+    QObject::disconnect(connection);
+    EXPECT_EQ(client.status(), Connected);
+    Peer next(client);
+    next.shakeHands();
+    EXPECT_EQ(client.status(), Ready);
+}
+
+TEST(Handshake, HasSignalsWhoseTypesAreRegistered)
+{
+    const TestClient client;
+    for (const char* type :
+         {"LSPMessageType", "LSPMessage", "LSPClientStatus", "LSPPublishDiagnosticsNotification",
+          "LSPResponseMessage", "LSPServerCapabilities"})
+        EXPECT_NE(QMetaType::type(QByteArray("Halvorin::LSP::") + type), QMetaType::UnknownType) << type;
+    EXPECT_NE(QMetaType::type("QProcess::ExitStatus"), QMetaType::UnknownType);
+}
+
+TEST(Handshake, LeavesASocketThatAcknowledgesAtOnceAfterEachReading)
+{
+    TestClient client;
+    Peer peer(client);
+    peer.shakeHands();
+    const qintptr descriptor = client.findChild<QTcpSocket*>()->socketDescriptor();
+    std::vector<int> quick;
+    QObject::connect(&client, &LSPAbstractClient::messageReceived, [&] {
+        int value = 0;
+        socklen_t size = sizeof value;
+        ::getsockopt(static_cast<int>(descriptor), IPPROTO_TCP, TCP_QUICKACK, &value, &size);
+        quick.push_back(value);
+    });
+    for (int exchange = 0; exchange < 5; ++exchange)
+        EXPECT_TRUE(peer.hearsNothing()); // a question and its answer
+    EXPECT_EQ(quick, (std::vector<int>(5, 1)));
+}
+
+TEST(Handshake, GoesOnWhenAHandlerOfTheCapabilitiesThrows)
+{
+    TestClient client;
+    QObject::connect(&client, &LSPAbstractClient::serverCapabilitiesReceived,
+                     [] { throw std::runtime_error("too many"); });
+    Peer peer(client);
+    peer.shakeHands();
+    EXPECT_EQ(client.status(), Ready);
+}
+
+TEST(Handshake, PassesOverAServerThatWentWhileItWasPending)
+{
+    TestClient client;
+    QSignalSpy gone(&client, &LSPAbstractClient::serverDisconnected);
+    {
+        Peer first(client);
+        first.shakeHands();
+        {
+            const HostLog log;
+            Peer second(client);
+            EXPECT_TRUE(QTest::qWaitFor([&log] { return !log.linesOf("warning: ").empty(); }));
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&client] {
+            for (const QTcpSocket* socket : client.findChildren<QTcpSocket*>()) {
+                if (socket->state() == QAbstractSocket::UnconnectedState)
+                    return true; // the client has heard that the second one is gone
+            }
+            return false;
+        }));
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&gone] { return gone.size() == 1; }));
+    Peer third(client);
+    third.shakeHands();
+    EXPECT_EQ(client.status(), Ready);
+}
+
+TEST(Handshake, LeavesWhatAPendingConnectionSendsOutside)
+{
+    const HostLog log;
+    TestClient client;
+    Peer peer(client);
+    peer.shakeHands();
+    Peer other(client);
+    EXPECT_TRUE(QTest::qWaitFor([&log] { return !log.linesOf("warning: ").empty(); }));
+    other.write(QByteArray(50'000'000, 'x'));
+    EXPECT_TRUE(peer.hearsNothing());
+    for (const QTcpSocket* socket : client.findChildren<QTcpSocket*>())
+        EXPECT_LE(socket->bytesAvailable(), 4096);
+}
+
+TEST(Handshake, SaysExitOnceToTwoShutdowns)
+{
+    TestClient client;
+    client.shutdown();
+    Peer peer(client);
+    peer.shakeHands();
+    client.shutdown();
+    const QJsonObject first = peer.next();
+    const QJsonObject second = peer.next();
+    peer.answer(first, QJsonValue::Null);
+    peer.answer(second, QJsonValue::Null);
+    EXPECT_EQ(method(peer.next()), QLatin1String("exit"));
+    QTest::qWait(50);
+    EXPECT_EQ(peer.socket().bytesAvailable(), 0);
 }

@@ -3,6 +3,7 @@
 #include "languageclient/peer.h"
 
 #include <QSignalSpy>
+#include <stdexcept>
 
 using namespace Halvorin::LSP;
 
@@ -93,4 +94,14 @@ TEST(LSPWorkspaceSettings, SayWhatTheTreeIsAfterEachChange)
     settings.setValue(path("a"), 1);
     ASSERT_EQ(changes.size(), 2);
     EXPECT_EQ(changes.at(1).at(0).toJsonObject(), json(R"({"a":1})"));
+}
+
+TEST(LSPWorkspaceSettings, RefuseAPathThatIsTooDeep)
+{
+    LSPWorkspaceSettings settings;
+    settings.setValue(QStringLiteral("a"), 1);
+    EXPECT_THROW(settings.setValue(QString(100'000, QLatin1Char('.')), 1), std::length_error);
+    EXPECT_EQ(tree(settings), R"({"a":1})");
+    settings.setValue(QString(499, QLatin1Char('.')), 1);
+    EXPECT_EQ(settings.value(QString(499, QLatin1Char('.'))), QJsonValue(1));
 }

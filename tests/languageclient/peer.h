@@ -44,7 +44,8 @@ public:
     explicit Peer(const Halvorin::LSP::LSPAbstractClient& client)
     {
         m_socket.connectToHost(QHostAddress::LocalHost, portOf(client));
-        EXPECT_TRUE(QTest::qWaitFor([this] { return m_socket.state() == QAbstractSocket::ConnectedState; }));
+        EXPECT_TRUE(
+            QTest::qWaitFor([this] { return m_socket.state() == QAbstractSocket::ConnectedState; }, 60'000));
     }
 
     QTcpSocket& socket() { return m_socket; }
@@ -53,14 +54,20 @@ public:
     QJsonObject next()
     {
         QByteArray body;
-        const bool come = QTest::qWaitFor([this, &body] { return takeFrame(body); });
+        const bool come =
+            QTest::qWaitFor([this, &body] { return takeFrame(body); }, 60'000); // far beyond need
         EXPECT_TRUE(come) << "no message came";
         return json(body);
     }
 
-    /// Whether the client sends nothing more; gives it time to.
+    /// Whether the client sends nothing more. One that is ready is asked something, whose answer must be the
+    /// next message; any other one is given time.
     bool hearsNothing()
     {
+        if (m_ready) {
+            send(json(R"({"id":"fence","method":"workspace/configuration","params":{"items":[]}})"));
+            return next() == json(R"({"id":"fence","jsonrpc":"2.0","result":[]})");
+        }
         QTest::qWait(50);
         m_buffer += m_socket.readAll();
         return m_buffer.isEmpty();
@@ -89,6 +96,7 @@ public:
         EXPECT_EQ(request.value(QLatin1String("method")), QLatin1String("initialize"));
         answer(request, QJsonObject{{QStringLiteral("capabilities"), capabilities}});
         EXPECT_EQ(next().value(QLatin1String("method")), QLatin1String("initialized"));
+        m_ready = true;
     }
 
 private:
@@ -110,6 +118,7 @@ private:
 
     QTcpSocket m_socket;
     QByteArray m_buffer;
+    bool m_ready = false;
 };
 
 #endif

@@ -197,10 +197,11 @@ TEST(Sending, DropsAMessageWithALogLineWhenTheConnectionIsLost)
     EXPECT_EQ(client.status(), Ready);
     const int before = sent.size();
     client.didClose(LSPTextDocumentIdentifier(document));
+    client.respond(LSPRequestMessage(1, QStringLiteral("workspace/configuration")), QJsonArray(), Ready);
     EXPECT_EQ(sent.size(), before);
-    EXPECT_EQ(
-        log.linesOf("warning: "),
-        Lines{"warning: langserv: no connection to the server, message dropped: textDocument/didClose"});
+    EXPECT_EQ(log.linesOf("warning: "),
+              (Lines{"warning: langserv: no connection to the server, message dropped: textDocument/didClose",
+                     "warning: langserv: no connection to the server, message dropped: an answer"}));
 }
 
 TEST(Sending, CountsBytesNotCharacters)

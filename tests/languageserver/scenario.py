@@ -47,7 +47,8 @@ def expect(condition, text):
 
 
 def name_of(step):
-    return next(iter(step))
+    """The key of a step that is no option. The keys come in any order: whoever wrote the text may have sorted them."""
+    return next((key for key in step if key in STEPS), next(iter(step)))
 
 
 def check_value(key, value, kind, where):
@@ -64,7 +65,7 @@ def check_steps(steps, where, names=tuple(STEPS)):
         expect(name in names, f"{place}: no step here is called {name}")
         kind, options = STEPS[name]
         check_value(name, step[name], kind, place)
-        for option in list(step)[1:]:
+        for option in step.keys() - {name}:
             expect(option in options, f"{place}: {name} has no option {option}")
             check_value(option, step[option], options[option], place)
         if name == "together":

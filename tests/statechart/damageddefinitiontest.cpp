@@ -3,6 +3,7 @@
 #include "statechart/check/definitioncheck.h"
 
 #include "actionlanguage/tokens/tokeniser.h"
+#include "testfolders.h"
 
 #include <algorithm>
 #include <filesystem>

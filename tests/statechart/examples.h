@@ -1,6 +1,8 @@
 #ifndef EXAMPLES_H
 #define EXAMPLES_H
 
+#include "testfolders.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>

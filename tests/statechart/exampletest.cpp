@@ -2,6 +2,7 @@
 #include "statechart/ddstatechartcompiler.h"
 #include "statechart/definitions.h"
 #include "statechart/examples.h"
+#include "testfolders.h"
 
 #include <functional>
 #include <set>

@@ -1,6 +1,7 @@
 #include "statechart/check/definitioncheck.h"
 #include "statechart/ddstatechartcompiler.h"
 #include "statechart/definitions.h"
+#include "testfolders.h"
 
 #include <fstream>
 #include <vector>

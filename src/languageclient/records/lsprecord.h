@@ -164,7 +164,7 @@ public:                                                                         
 #define LSP_DETAIL_REST(first, ...) __VA_ARGS__
 #define LSP_DETAIL_UNWRAP(...) __VA_ARGS__
 
-// Applies the macro to each row, for up to 64 rows: each level of expansion takes one step further.
+// Applies the macro to each row, for up to 28 rows: each level of expansion takes one step further.
 #define LSP_DETAIL_FOR_EACH(macro, ...) __VA_OPT__(LSP_DETAIL_EXPAND(LSP_DETAIL_STEP(macro, __VA_ARGS__)))
 #define LSP_DETAIL_STEP(macro, row, ...)                                                                     \
     macro row __VA_OPT__(LSP_DETAIL_NEXT LSP_DETAIL_PARENTHESES(macro, __VA_ARGS__))

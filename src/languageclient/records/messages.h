@@ -16,22 +16,10 @@ using LSPMessageParams = std::variant<QJsonObject, QJsonArray>;
 class HALVWIDGETS_EXPORT LSPMessage : public LSPRecord<>
 {
 public:
-    /// The class of a message: what to copy it as where only the base is known.
-    enum class Kind
-    {
-        Message,
-        Request,
-        Notification,
-        Response
-    };
-
     /// Writes "jsonrpc". A message that is made of an object takes the object as it is.
     LSPMessage();
 
     LSP_RECORD_WITH_OWN_CONSTRUCTORS(LSPMessage, LSP_OPTIONAL(QString, jsonrpc, setJsonrpc));
-
-public:
-    virtual Kind kind() const { return Kind::Message; }
 };
 
 /// A message that asks for a response.
@@ -46,7 +34,6 @@ public:
     LSPRequestMessage(int id, const QString& method, const LSPAbstractJsonObject& params);
 
     void setId(const QString& id);
-    Kind kind() const override { return Kind::Request; }
 };
 
 /// A message that asks for none.
@@ -58,8 +45,6 @@ class HALVWIDGETS_EXPORT LSPNotificationMessage : public LSPRecord<LSPMessage>
 
 public:
     LSPNotificationMessage(const QString& method, const LSPAbstractJsonObject& params);
-
-    Kind kind() const override { return Kind::Notification; }
 };
 
 /// Why a request failed.
@@ -96,9 +81,6 @@ public:
                                      LSP_REQUIRED(int, id, setId),
                                      LSP_OPTIONAL(QJsonValue, result, setResult),
                                      LSP_OPTIONAL(LSPResponseError, error, setError));
-
-public:
-    Kind kind() const override { return Kind::Response; }
 };
 
 /// A response's error, thrown to who waits for its result. what() is the error's message.

@@ -2,7 +2,6 @@
 
 #include "languageclient/transport/logging.h"
 
-#include <QDateTime>
 #include <QIODevice>
 #include <QJsonDocument>
 #include <QPointer>
@@ -27,14 +26,25 @@ FrameReader::FrameReader(QIODevice& device, Handler handler)
 
 void FrameReader::read()
 {
-    if (m_reading)
+    if (m_reading || m_retired)
         return; // a handler runs an event loop: the outer call goes on behind it
     m_reading = true;
     const QPointer<FrameReader> self(this);
     while (self && readMessage()) {
     }
-    if (self)
-        m_reading = false;
+    if (!self)
+        return;
+    m_reading = false;
+    if (m_retired)
+        m_device.deleteLater();
+}
+
+void FrameReader::retire()
+{
+    m_retired = true;
+    m_device.setParent(nullptr); // it may outlive whom it belonged to
+    if (!m_reading)
+        m_device.deleteLater();
 }
 
 /// Whether something was taken off the front of the device, so that there may be more.
@@ -60,7 +70,7 @@ bool FrameReader::readMessage()
 
     const QPointer<FrameReader> self(this);
     hand(m_device.read(*block.length));
-    if (!self)
+    if (!self || m_retired)
         return false;
     m_linesWarnedOf = 0;
     if (m_device.isTransactionStarted()) // a handler may have closed the device
@@ -88,9 +98,20 @@ FrameReader::Block FrameReader::readBlock()
     return block;
 }
 
-void FrameReader::hand(const QByteArray& body) const
+/// The current date and time, which is worked out once a millisecond: that asks the system for the time zone,
+/// and would take as long as all the rest of a small message.
+const QDateTime& FrameReader::now()
 {
-    const QDateTime timestamp = QDateTime::currentDateTime();
+    if (const qint64 millisecond = QDateTime::currentMSecsSinceEpoch(); millisecond != m_millisecond) {
+        m_millisecond = millisecond;
+        m_time = QDateTime::fromMSecsSinceEpoch(millisecond);
+    }
+    return m_time;
+}
+
+void FrameReader::hand(const QByteArray& body)
+{
+    const QDateTime timestamp = now();
     const Handler handler = m_handler; // it may delete this reader
     try {
         handler(QJsonDocument::fromJson(body), timestamp);

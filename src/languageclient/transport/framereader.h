@@ -1,10 +1,10 @@
 #ifndef FRAMEREADER_H
 #define FRAMEREADER_H
 
+#include <QDateTime>
 #include <QObject>
 #include <functional>
 
-class QDateTime;
 class QIODevice;
 class QJsonDocument;
 
@@ -34,17 +34,27 @@ public:
     /// Hands over every message that is complete.
     void read();
 
+    /// Hands over nothing more, and deletes the device when that can be: later, and not before a handler that
+    /// is running has returned, however many event loops it runs. A socket does not bear to be deleted inside
+    /// its own signal, which is where the handlers are called.
+    void retire();
+    bool isReading() const { return m_reading; }
+
 private:
     struct Block;
 
     bool readMessage();
     Block readBlock();
-    void hand(const QByteArray& body) const;
+    void hand(const QByteArray& body);
+    const QDateTime& now();
 
     QIODevice& m_device;
     Handler m_handler;
     bool m_reading = false;
+    bool m_retired = false;
     int m_linesWarnedOf = 0;
+    qint64 m_millisecond = -1; // since the epoch
+    QDateTime m_time;          // the same
 };
 
 } // namespace Halvorin::LSP

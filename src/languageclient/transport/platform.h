@@ -10,8 +10,8 @@ namespace Halvorin::LSP::Platform {
 void acknowledgeAtOnce(qintptr socketDescriptor);
 
 /// Called in a new process before it becomes the server: puts it at the head of a process group of its own,
-/// and lets it be killed when the process that started it is gone.
-void leadProcessGroup();
+/// and lets it be killed when the application that started it is gone.
+void leadProcessGroup(qint64 application);
 
 /// Kills the group that the process leads, or led: what it started may outlive it.
 void killProcessGroup(qint64 process);

@@ -15,11 +15,13 @@ void acknowledgeAtOnce(qintptr socketDescriptor)
     ::setsockopt(static_cast<int>(socketDescriptor), IPPROTO_TCP, TCP_QUICKACK, &on, sizeof on);
 }
 
-void leadProcessGroup()
+void leadProcessGroup(qint64 application)
 {
     // Between fork and exec: system calls only.
     ::setpgid(0, 0);
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != application) // it was gone before it could be watched
+        ::_exit(1);
 }
 
 void killProcessGroup(qint64 process)

@@ -7,7 +7,7 @@ namespace Halvorin::LSP::Platform {
 // Winsock acknowledges a lone segment late, too, but has no option for one socket.
 void acknowledgeAtOnce(qintptr) {}
 
-void leadProcessGroup() {} // there is no step between the making of a process and its program
+void leadProcessGroup(qint64) {} // there is no step between the making of a process and its program
 
 void killProcessGroup(qint64 process)
 {

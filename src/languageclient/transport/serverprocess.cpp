@@ -2,26 +2,35 @@
 
 #include "languageclient/transport/platform.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 namespace Halvorin::LSP {
 
-ServerProcess::ServerProcess(QObject* parent) : QProcess(parent)
+ServerProcess::ServerProcess(QObject* parent)
+    : QProcess(parent), m_application(QCoreApplication::applicationPid())
 {
-    // A server that is gone may have left others in its group.
-    connect(this, QOverload<int, ExitStatus>::of(&QProcess::finished), this, &ServerProcess::end);
+    connect(this, &QProcess::stateChanged, this, [this](ProcessState state) {
+        if (state != NotRunning)
+            return;
+        end();       // it may have left others in its group
+        m_group = 0; // the number may become another's
+    });
 }
 
 ServerProcess::~ServerProcess()
 {
-    disconnect(); // nobody is to hear of the end of an object that is going
+    const bool wereBlocked = blockSignals(true); // nobody is to hear of the end of an object that is going
     end();
     waitForFinished(); // it was killed: only the system's bookkeeping is waited for
+    blockSignals(wereBlocked);
 }
 
 void ServerProcess::startServer(const QString& program, quint16 port)
 {
     start(program, {QStringLiteral("--socket=") + QString::number(port)}, ReadWrite);
+    if (state() == NotRunning)
+        return; // it could not even be tried
     m_group = processId();
     if (const QByteArray output = readAllStandardOutput(); !output.isEmpty())
         qDebug() << output;
@@ -39,7 +48,7 @@ void ServerProcess::end()
 
 void ServerProcess::setupChildProcess()
 {
-    Platform::leadProcessGroup();
+    Platform::leadProcessGroup(m_application);
 }
 
 } // namespace Halvorin::LSP

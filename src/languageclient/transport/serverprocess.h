@@ -25,6 +25,7 @@ protected:
     void setupChildProcess() override;
 
 private:
+    const qint64 m_application; ///< the number of our own process
     qint64 m_group = 0;
 };
 

@@ -8,6 +8,7 @@
 #include "actionlanguage/tokens/compilationexception.h"
 #include "actionlanguage/tokens/tokeniser.h"
 #include "support/casefile.h"
+#include "testfolders.h"
 
 namespace {
 

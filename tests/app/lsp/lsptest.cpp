@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QUrl>
+#include <filesystem>
 #include <fstream>
 
 namespace {
@@ -75,11 +76,14 @@ TEST_F(Lsp, PrintsASignature)
     EXPECT_THAT(result.output, HasSubstr("\"label\":\"alpha(first, second)\""));
 }
 
-TEST_F(Lsp, PrintsDiagnosticsWithoutAPlace)
+TEST_F(Lsp, PrintsDiagnosticsOfTheFileWithoutAPlace)
 {
+    const QString file = QUrl::fromLocalFile(QString::fromStdString((folder / "a.py").native())).toString();
     const ScriptedServer server(
-        R"({"on": {"textDocument/didOpen": [{"notify": "textDocument/publishDiagnostics",
-        "params": {"uri": "file:///a.py", "version": 1, "diagnostics": [{"message": "odd"}]}}]}})");
+        QByteArray(R"({"on": {"textDocument/didOpen": [{"notify": "textDocument/publishDiagnostics",
+        "params": {"uri": "file:///other.py", "diagnostics": [{"message": "elsewhere"}]}},
+        {"notify": "textDocument/publishDiagnostics", "params": {"uri": ")") +
+        file.toUtf8() + R"(", "version": 1, "diagnostics": [{"message": "odd"}]}}]}})");
     const ProcessResult result =
         run({"lsp", "a.py", "--diagnostics", "--server", server.program().toStdString()});
     EXPECT_EQ(result.exitCode, 0) << result.error;
@@ -159,19 +163,28 @@ TEST_F(Lsp, FailsWhenTheServerRefuses)
 {
     expectFailure(R"({"on": {"initialize": [{"respond": {"error": {"code": 1, "message": "not today"}}}]}})",
                   "the language server refused: not today");
+    expectFailure(R"({"on": {"initialize": [{"respond": {"result": null}}]}})",
+                  "the language server refused: it does not say what it can do");
+}
+
+TEST_F(Lsp, PassesOverAnErrorThatNobodyAskedFor)
+{
+    const ScriptedServer server(
+        R"({"steps": [{"send": {"id": 99, "error": {"code": 1, "message": "stray"}}}]})");
+    const ProcessResult result = ask(server, "--hover");
+    EXPECT_EQ(result.exitCode, 0) << result.error;
 }
 
 TEST_F(Lsp, FailsWhenTheServerEnds)
 {
-    expectFailure(R"({"start": [{"exit": 3}]})", "the language server ended");
-    expectFailure(R"({"on": {"textDocument/hover": [{"kill": "SIGKILL"}]}})",
-                  "the language server closed the connection");
+    expectFailure(R"({"start": [{"exit": 3}]})", "the language server is gone");
+    expectFailure(R"({"on": {"textDocument/hover": [{"kill": "SIGKILL"}]}})", "the language server is gone");
 }
 
 TEST_F(Lsp, FailsWhenTheServerClosesTheConnection)
 {
     expectFailure(R"({"on": {"textDocument/hover": [{"close": "end"}, {"hang": true}]}})",
-                  "the language server closed the connection");
+                  "the language server is gone");
 }
 
 TEST_F(Lsp, FailsWhenTheServerIsSilentForTooLong)
@@ -188,6 +201,44 @@ TEST_F(Lsp, FailsWithoutAServer)
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.error,
               "halvorin: no-such-server: there is no such language server (--server names one)\n");
+}
+
+TEST_F(Lsp, FailsAtOnceWithAServerThatCannotBeRun)
+{
+    const std::filesystem::path program = folder.write("server", "#!/no/such/interpreter\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    const ProcessResult result = run({"lsp", "a.py", "--at", "1:1", "--hover", "--server", "./server"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.error, StartsWith("halvorin: the language server cannot be run: "));
+}
+
+TEST_F(Lsp, TakesAServerByAPathFromWhereItStands)
+{
+    const ScriptedServer server;
+    std::filesystem::create_symlink(server.program().toStdString(), folder / "server");
+    const ProcessResult result = run({"lsp", "a.py", "--at", "1:1", "--hover", "--server", "./server"});
+    EXPECT_EQ(result.exitCode, 0) << result.error;
+}
+
+TEST_F(Lsp, RefusesATextThatIsNotUtf8)
+{
+    folder.write("a.py", "# \xFF\n");
+    const ProcessResult result = run({"lsp", "a.py", "--at", "1:1", "--hover"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.error, "halvorin: a.py: the text is not UTF-8\n");
+}
+
+TEST_F(Lsp, PassesOverAByteOrderMark)
+{
+    folder.write("a.py", "\xEF\xBB\xBFx = 1\n");
+    const ScriptedServer server;
+    const ProcessResult result =
+        run({"lsp", "a.py", "--at", "1:1", "--hover", "--server", server.program().toStdString()});
+    EXPECT_EQ(result.exitCode, 0) << result.error;
+    const QJsonObject document = params(server.received(QStringLiteral("textDocument/didOpen")).at(0))
+                                     .value(QLatin1String("textDocument"))
+                                     .toObject();
+    EXPECT_EQ(document.value(QLatin1String("text")), QLatin1String("x = 1\n"));
 }
 
 TEST_F(Lsp, TakesTheServerOfTheOption)
@@ -255,6 +306,19 @@ TEST_F(Lsp, KeepsTheTrafficInALog)
     EXPECT_EQ(passed, (std::vector<std::string>{"client initialize", "server ", "client initialized",
                                                 "client textDocument/didOpen", "client textDocument/hover",
                                                 "server ", "client shutdown", "server ", "client exit"}));
+}
+
+TEST_F(Lsp, WritesTheTrafficToStandardOutputBeforeTheAnswer)
+{
+    const ScriptedServer server;
+    const ProcessResult result = ask(server, "--hover", {"--log", "-"});
+    EXPECT_EQ(result.exitCode, 0) << result.error;
+    EXPECT_THAT(
+        result.output,
+        StartsWith(
+            "{\"from\":\"client\",\"message\":{\"id\":1,\"jsonrpc\":\"2.0\",\"method\":\"initialize\""));
+    EXPECT_THAT(result.output,
+                testing::EndsWith("\n{\"contents\":{\"kind\":\"plaintext\",\"value\":\"a hover text\"}}\n"));
 }
 
 TEST_F(Lsp, FailsForALogThatCannotBeWritten)

@@ -4,6 +4,7 @@
 #include "statechart/ddcodebuilderfactory.h"
 #include "statechart/ddstatechartlinker.h"
 #include "support/casefile.h"
+#include "testfolders.h"
 
 namespace {
 

@@ -136,18 +136,6 @@ TEST(Messages, AnExceptionSaysTheErrorsMessageInUtf8)
     EXPECT_STREQ(LSPRequestException(LSPResponseError(jsonObject(R"({"message": 5})"))).what(), "");
 }
 
-TEST(Messages, ACopyAsABaseIsToldByItsKind)
-{
-    EXPECT_EQ(LSPMessage().kind(), LSPMessage::Kind::Message);
-    const LSPCompletionItemResolveRequest resolve(1, LSPCompletionItem(QStringLiteral("x")));
-    const LSPMessage& message = resolve;
-    ASSERT_EQ(message.kind(), LSPMessage::Kind::Request);
-    const LSPRequestMessage copy = static_cast<const LSPRequestMessage&>(message);
-    EXPECT_EQ(copy.toJson(), resolve.toJson());
-    EXPECT_EQ(LSPPublishDiagnosticsNotification().kind(), LSPMessage::Kind::Notification);
-    EXPECT_EQ(LSPResponseMessage().kind(), LSPMessage::Kind::Response);
-}
-
 TEST(Messages, TypedRequestsHaveTheirMethodAndParams)
 {
     EXPECT_EQ(LSPCompletionItemResolveRequest(9, LSPCompletionItem(QStringLiteral("x"))).toJson(),

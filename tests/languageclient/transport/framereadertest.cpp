@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QThread>
 #include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
@@ -60,6 +61,23 @@ TEST(FrameReader, HandsOverTwoMessagesOfOneSegmentInOrder)
     Reading reading;
     reading.feed(frame(R"({"a":1})") + frame(R"({"b":2})"));
     EXPECT_EQ(reading.taken(), (Documents{R"({"a":1})", R"({"b":2})"}));
+}
+
+TEST(FrameReader, StampsEachMessageWithTheLocalTimeAtWhichItWasRead)
+{
+    ChunkedDevice device;
+    std::vector<QDateTime> timestamps;
+    new FrameReader(device, [&timestamps](const QJsonDocument&, const QDateTime& timestamp) {
+        timestamps.push_back(timestamp);
+        QThread::msleep(2);
+    });
+    const QDateTime before = QDateTime::currentDateTime();
+    device.feed(frame("{}") + frame("{}"));
+    ASSERT_EQ(timestamps.size(), 2U);
+    EXPECT_EQ(timestamps[0].timeSpec(), Qt::LocalTime);
+    EXPECT_LE(before, timestamps[0]);
+    EXPECT_LT(timestamps[0], timestamps[1]);
+    EXPECT_LE(timestamps[1], QDateTime::currentDateTime());
 }
 
 TEST(FrameReader, HandsOverAMessageSplitInItsBodyWhenTheRestArrives)

@@ -30,10 +30,12 @@ public:
     std::string line(const std::string& name) const
     {
         std::string text;
-        const bool come = QTest::qWaitFor([&] {
-            std::ifstream file(m_folder.path() / name);
-            return static_cast<bool>(std::getline(file, text)) && file.good();
-        });
+        const bool come = QTest::qWaitFor(
+            [&] {
+                std::ifstream file(m_folder.path() / name);
+                return static_cast<bool>(std::getline(file, text)) && file.good();
+            },
+            60'000); // far beyond need
         EXPECT_TRUE(come) << name;
         return text;
     }

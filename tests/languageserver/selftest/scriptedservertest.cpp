@@ -106,6 +106,14 @@ TEST(ScriptedServer, PlaysItsScenarioAndWaitsForTheTest)
     EXPECT_TRUE(client.receives("gone"));
 }
 
+TEST(ScriptedServer, KnowsAStepWhoseOptionsComeFirst)
+{
+    const ScriptedServer server(R"({"steps": [{"raw": "gone", "cut": 1}]})"); // the object sorts its keys
+    Client client(server);
+    ASSERT_TRUE(client.accept());
+    EXPECT_TRUE(client.receives("gone"));
+}
+
 TEST(ScriptedServer, RunsBesideOthersWithAnotherScenario)
 {
     const ScriptedServer one(R"({"steps": [{"raw": "one"}]})");

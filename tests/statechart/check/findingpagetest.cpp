@@ -1,4 +1,5 @@
 #include "statechart/check/findingkind.h"
+#include "testfolders.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
