@@ -16,6 +16,7 @@
 #include <QStandardPaths>
 #include <QTextCodec>
 #include <array>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -116,6 +117,15 @@ std::string jsonLine(const QJsonValue& value)
     return array.mid(1, array.size() - 2).toStdString(); // a document is an object or an array
 }
 
+/// Opening a log empties it: it must not be the file whose text was asked about.
+void refuseLogOverFile(const Arguments& arguments)
+{
+    std::error_code ignored;
+    if (arguments.file != "-" && arguments.log != "-" &&
+        std::filesystem::equivalent(arguments.file, arguments.log, ignored))
+        throw std::runtime_error("'" + arguments.file + "' would be replaced by the log");
+}
+
 int ask(const Arguments& arguments)
 {
     if (!(arguments.timeout > 0 && arguments.timeout <= 86400))
@@ -124,6 +134,7 @@ int ask(const Arguments& arguments)
     const QString program = serverProgram(arguments.server);
     std::optional<TrafficLog> log;
     auto client = std::make_unique<Halvorin::LSP::LSPPythonClient>();
+    refuseLogOverFile(arguments);
     if (!arguments.log.empty())
         log.emplace(arguments.log).follow(*client);
     const auto patience = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000));

@@ -47,7 +47,8 @@ function(halvorin_add_tests name)
     file(CONFIGURE OUTPUT testfolders.h CONTENT
 "#define TEST_SOURCE_FOLDER \"${CMAKE_CURRENT_SOURCE_DIR}\"\n#define PROJECT_FOLDER \"${CMAKE_SOURCE_DIR}\"\n" @ONLY)
     target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
-    target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/testpch.h)
+    # by name, not by path: the path of a header of ours would keep ccache from sharing between clones
+    target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
     if(TESTS_QT)
         target_link_libraries(${name} PRIVATE halvorin-qt-rules)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)

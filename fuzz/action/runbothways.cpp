@@ -1,9 +1,9 @@
 #include "action/runbothways.h"
 
+#include "actionlanguage/linker.h"
 #include "bounded/anyactor.h"
 #include "bounded/boundedform.h"
 #include "bounded/boundedrules.h"
-#include "actionlanguage/linker.h"
 
 #include <bit>
 #include <cstdio>

@@ -330,6 +330,17 @@ TEST_F(Lsp, FailsForALogThatCannotBeWritten)
     EXPECT_TRUE(server.log().empty());
 }
 
+TEST_F(Lsp, DoesNotWriteTheLogOverTheFileThatIsAskedAbout)
+{
+    const ScriptedServer server;
+    const std::string before = folder.read("a.py");
+    const ProcessResult result = ask(server, "--hover", {"--log", "./a.py"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.error, "halvorin: 'a.py' would be replaced by the log\n");
+    EXPECT_EQ(folder.read("a.py"), before);
+    EXPECT_TRUE(server.log().empty());
+}
+
 TEST_F(Lsp, FailsForALogOnAFullDevice)
 {
     const ScriptedServer server;
