@@ -256,7 +256,7 @@ TEST(GrammarProcessor, ComesToTheSameStateWithTheSameText)
     const auto two = processor.tokenise(QStringLiteral("x \"b\n")).takeContinuation();
     EXPECT_TRUE(sameState(one.get(), two.get()));
     EXPECT_FALSE(sameState(one.get(), nullptr));
-    EXPECT_TRUE(sameState(nullptr, nullptr));
+    EXPECT_TRUE(Halvorin::TextMate::sameState(nullptr, nullptr));
 }
 
 TEST(GrammarProcessor, SharesAStateThatDoesNotChange)
