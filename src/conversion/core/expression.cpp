@@ -1,0 +1,128 @@
+#include "conversion/core/expression.h"
+
+#include "HalvCore/application.h"
+
+#include <atomic>
+
+namespace Halvorin::Text {
+
+namespace {
+
+std::atomic<int> givenUp = 0;
+
+/// Where a scanner stands ready, an attempt of the expression is not worth more steps than these, nor is a
+/// text worth more of such attempts, nor a search in a longer text.
+constexpr int stepsBesideScanner = 100'000;
+constexpr int attemptsGivenUp = 16;
+constexpr int searchedBesideScanner = 8'000;
+
+/// How often expressions were given up in a text.
+struct GivenUp
+{
+    int count = 0;
+};
+
+} // namespace
+
+Hit Hit::movedBy(int distance) const
+{
+    const auto moved = [distance](Span span) {
+        return span.isNull() ? span : Span{span.start + distance, span.end + distance};
+    };
+    Hit hit = *this;
+    hit.whole = moved(whole);
+    for (Span& group : hit.groups)
+        group = moved(group);
+    return hit;
+}
+
+Expression::Expression(const QString& pattern, QRegularExpression::PatternOptions options,
+                       std::vector<QString> groups, int steps)
+    : m_pattern(pattern), m_groups(std::move(groups))
+{
+    const QString limit = steps == 0 ? QString() : QStringLiteral("(*LIMIT_MATCH=%1)").arg(steps);
+    m_expression = QRegularExpression(limit + pattern, options);
+    m_expression.optimize();
+    m_withoutCompiler = QRegularExpression(QStringLiteral("(*NO_JIT)") + limit + pattern, options);
+}
+
+Expression::Outcome Expression::match(const QStringRef& source, int offset, Hit& hit) const
+{
+    if (!m_expression.isValid() || offset < 0 || offset > source.size())
+        return Outcome::noMatch;
+    const QRegularExpressionMatch first = m_expression.match(source, offset);
+    if (first.isValid())
+        return give(first, hit);
+    const QRegularExpressionMatch second = m_withoutCompiler.match(source, offset);
+    if (second.isValid())
+        return give(second, hit);
+    ++givenUp;
+    System::Application::instance().logger().diagnostic(
+        "text", ("an expression was given up on a long text: " + m_pattern.toStdString()).c_str());
+    return Outcome::givenUp;
+}
+
+int Expression::givenUpCount()
+{
+    return givenUp;
+}
+
+Expression::Outcome Expression::give(const QRegularExpressionMatch& match, Hit& hit) const
+{
+    if (!match.hasMatch())
+        return Outcome::noMatch;
+    hit = {};
+    hit.whole = {match.capturedStart(0), match.capturedEnd(0)};
+    for (std::size_t index = 0; index < m_groups.size(); ++index)
+        hit.groups[index] = {match.capturedStart(m_groups[index]), match.capturedEnd(m_groups[index])};
+    return Outcome::match;
+}
+
+PositionedExpression::PositionedExpression(RuleExpression definition)
+    : m_definition(std::move(definition)),
+      m_here(QStringLiteral("\\G(?:%1)").arg(m_definition.pattern), m_definition.options, m_definition.groups,
+             m_definition.scan ? stepsBesideScanner : 0)
+{}
+
+bool PositionedExpression::matchHere(SourceText& text, Hit& hit) const
+{
+    const auto scan = [&] {
+        if (!m_definition.scan(text, hit))
+            return false;
+        hit = hit.movedBy(-text.position());
+        return true;
+    };
+    if (m_definition.scan &&
+        (m_definition.isScanAlwaysExact || text.isPlain() || text.memory<GivenUp>().count > attemptsGivenUp))
+        return scan();
+    const Expression::Outcome outcome = m_here.match(text.rest(), 0, hit);
+    if (outcome == Expression::Outcome::givenUp && m_definition.scan) {
+        ++text.memory<GivenUp>().count;
+        return scan();
+    }
+    return outcome == Expression::Outcome::match && hit.whole.start == 0;
+}
+
+std::vector<Hit> findAll(const QStringRef& source, const RuleExpression& definition,
+                         const std::function<std::vector<Hit>(const SourceText&)>& scan)
+{
+    const SourceText text(source);
+    if (text.isPlain() || text.size() > searchedBesideScanner)
+        return scan(text);
+    const Expression expression(definition.pattern, definition.options, definition.groups,
+                                stepsBesideScanner);
+    std::vector<Hit> hits;
+    for (Hit hit;;) {
+        switch (expression.match(source, hits.empty() ? 0 : hits.back().whole.end, hit)) {
+        case Expression::Outcome::match:
+            hits.push_back(hit);
+            break;
+        case Expression::Outcome::noMatch:
+            return hits;
+        case Expression::Outcome::givenUp:
+            return scan(text);
+        }
+    }
+}
+
+} // namespace Halvorin::Text

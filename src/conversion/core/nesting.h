@@ -1,0 +1,30 @@
+#ifndef NESTING_H
+#define NESTING_H
+
+namespace Halvorin::Text {
+
+/// Counts the conversions that are under way inside each other, for as long as it stands: rules convert parts
+/// of their text by the library again, and a text that nests without end must not overflow the stack.
+class Nesting
+{
+public:
+    Nesting() { ++depth(); }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+    ~Nesting() { --depth(); }
+
+    bool isTooDeep() const { return depth() > most; }
+
+private:
+    static constexpr int most = 200;
+
+    static int& depth()
+    {
+        static thread_local int count = 0;
+        return count;
+    }
+};
+
+} // namespace Halvorin::Text
+
+#endif

@@ -1,0 +1,49 @@
+#include "conversion/core/sourcetext.h"
+
+#include <QStringView>
+#include <algorithm>
+
+namespace Halvorin::Text {
+
+SourceText::SourceText(const QStringRef& source)
+    : m_source(source), m_data(source.unicode()), m_size(source.size())
+{
+    for (int position = m_size; position-- > 0;)
+        if (isOtherLineEnd(m_data[position].unicode())) {
+            m_lastOtherLineEnd = position;
+            break;
+        }
+}
+
+QStringRef SourceText::ref(Span span) const
+{
+    return span.isNull() ? QStringRef() : m_source.mid(span.start, span.length());
+}
+
+int SourceText::lineEnd(int from) const
+{
+    const qsizetype found = QStringView(m_data + from, m_size - from).indexOf(u'\n');
+    return found < 0 ? m_size : from + static_cast<int>(found);
+}
+
+bool SourceText::holds(int position, int end, Span wanted) const
+{
+    return end - position >= wanted.length() &&
+           std::equal(m_data + wanted.start, m_data + wanted.end, m_data + position);
+}
+
+int SourceText::find(std::u16string_view word, int from) const
+{
+    const QStringView rest(m_data + from, m_size - from);
+    const qsizetype found = word.size() == 1
+                                ? rest.indexOf(QChar(word.front()))
+                                : rest.indexOf(QStringView(word.data(), static_cast<qsizetype>(word.size())));
+    return found < 0 ? -1 : from + static_cast<int>(found);
+}
+
+bool SourceText::startsAt(int position, const QString& word) const
+{
+    return m_size - position >= word.size() && std::equal(word.begin(), word.end(), m_data + position);
+}
+
+} // namespace Halvorin::Text

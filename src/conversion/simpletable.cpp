@@ -1,0 +1,146 @@
+#include "conversion/simpletable.h"
+
+#include "conversion/core/characterclasses.h"
+#include "conversion/core/conversionlibrary.h"
+#include "conversion/paragraphtags.h"
+
+#include <QVector>
+#include <algorithm>
+#include <vector>
+
+namespace Halvorin::Text {
+
+namespace {
+
+struct Column
+{
+    int start;
+    int length;
+
+    int end() const { return start + length; }
+};
+
+using Columns = std::vector<Column>;
+
+/// The runs of a character in a line.
+Columns runsOf(QChar c, const QStringRef& line)
+{
+    Columns runs;
+    for (int at = 0; at < line.size();) {
+        int end = at;
+        while (end < line.size() && line.at(end) == c)
+            ++end;
+        if (end > at)
+            runs.push_back({at, end - at});
+        at = end + 1;
+    }
+    return runs;
+}
+
+/// Whether a line says which columns the row above it joins: it begins with dashes and blanks, whatever
+/// follows.
+bool isSpanLine(const QStringRef& line)
+{
+    for (const QChar c : line) {
+        if (c == QLatin1Char('-'))
+            return true;
+        if (!isHorizontalSpace(c.unicode()))
+            return false;
+    }
+    return false;
+}
+
+/// Rows of one kind of cell.
+class RowWriter
+{
+public:
+    RowWriter(const ConversionLibrary& library, const Columns& columns, const char* tag)
+        : m_library(library), m_columns(columns), m_tag(tag)
+    {}
+
+    QString toHtml(const QStringRef& text) const
+    {
+        const QVector<QStringRef> lines = text.split(QLatin1Char('\n'));
+        QString result;
+        for (int first = 0; first < lines.size();) {
+            int end = first + 1; // of the lines of this row
+            while (end < lines.size() && !isSpanLine(lines[end]) && continuesRow(lines[end]))
+                ++end;
+            const bool hasSpans = end < lines.size() && isSpanLine(lines[end]);
+            const Columns spans = hasSpans ? runsOf(QLatin1Char('-'), lines[end]) : Columns();
+            result += row(lines.mid(first, end - first), spans);
+            first = hasSpans ? end + 1 : end;
+        }
+        return result;
+    }
+
+private:
+    bool continuesRow(const QStringRef& line) const
+    {
+        const QStringRef text =
+            m_columns.size() == 1 ? line : line.mid(m_columns.front().start, m_columns.front().length);
+        return text.trimmed().isEmpty();
+    }
+
+    QString row(const QVector<QStringRef>& lines, const Columns& spans) const
+    {
+        const Columns& layout = spans.empty() ? m_columns : spans;
+        QString result = QStringLiteral("<tr>");
+        std::size_t cursor = 0;
+        for (std::size_t index = 0; index < layout.size(); ++index) {
+            result += QLatin1Char('<') + m_tag;
+            if (!spans.empty())
+                result += span(spans[index], cursor);
+            const QString cell = cellText(lines, layout[index], index + 1 == layout.size());
+            result += QLatin1Char('>') + withoutSurroundingParagraphTags(m_library.convertBlocks(cell, 0)) +
+                      QLatin1String("</") + m_tag + QLatin1Char('>');
+        }
+        return result += QLatin1String("</tr>");
+    }
+
+    static QString cellText(const QVector<QStringRef>& lines, Column column, bool isLast)
+    {
+        const bool isEmpty =
+            std::ranges::all_of(lines, [&](const QStringRef& line) { return line.size() <= column.start; });
+        if (isEmpty)
+            return QString(); // blanks would convert to the same
+        QString text;
+        for (const QStringRef& line : lines)
+            text += line.mid(column.start, isLast ? -1 : column.length) + QLatin1Char(' ');
+        return text;
+    }
+
+    /// The attribute of a cell that joins columns, from the cursor to the one that ends where the span does.
+    /// A span of one column leaves the cursor where it is.
+    QString span(Column span, std::size_t& cursor) const
+    {
+        std::size_t found = cursor;
+        while (found < m_columns.size() && m_columns[found].end() != span.end())
+            ++found;
+        found = std::min(found, m_columns.size());
+        if (found <= cursor)
+            return QString();
+        const std::size_t count = found - cursor + 1;
+        cursor = found + 1;
+        return QLatin1String(" colspan=\"") + QString::number(count) + QLatin1Char('"');
+    }
+
+    const ConversionLibrary& m_library;
+    const Columns& m_columns;
+    QLatin1String m_tag;
+};
+
+} // namespace
+
+QString simpleTableToHtml(const ConversionLibrary& library, const QStringRef& border,
+                          const QStringRef& header, const QStringRef& content)
+{
+    const Columns columns = runsOf(QLatin1Char('='), border);
+    QString result = QStringLiteral("<table>");
+    if (!header.isNull())
+        result += RowWriter(library, columns, "th").toHtml(header);
+    result += RowWriter(library, columns, "td").toHtml(content);
+    return result += QLatin1String("</table>");
+}
+
+} // namespace Halvorin::Text
