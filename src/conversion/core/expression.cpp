@@ -12,7 +12,7 @@ std::atomic<int> givenUp = 0;
 
 /// Where a scanner stands ready, an attempt of the expression is not worth more steps than these, nor is a
 /// text worth more of such attempts, nor a search in a longer text.
-constexpr int stepsBesideScanner = 100'000;
+constexpr int stepsBesideScanner = 500'000;
 constexpr int attemptsGivenUp = 16;
 constexpr int searchedBesideScanner = 8'000;
 
