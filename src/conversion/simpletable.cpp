@@ -50,6 +50,10 @@ bool isSpanLine(const QStringRef& line)
     return false;
 }
 
+/// Each line of a row gives a blank to each cell. Of the lines that do not reach a cell no more do so than
+/// these, or a small text could become a very large one.
+constexpr int mostEmptyLines = 1000;
+
 /// Rows of one kind of cell.
 class RowWriter
 {
@@ -105,8 +109,10 @@ private:
         if (isEmpty)
             return QString(); // blanks would convert to the same
         QString text;
+        int empty = 0;
         for (const QStringRef& line : lines)
-            text += line.mid(column.start, isLast ? -1 : column.length) + QLatin1Char(' ');
+            if (column.start < line.size() || ++empty <= mostEmptyLines)
+                text += line.mid(column.start, isLast ? -1 : column.length) + QLatin1Char(' ');
         return text;
     }
 

@@ -12,9 +12,10 @@ std::atomic<int> givenUp = 0;
 
 /// Where a scanner stands ready, an attempt of the expression is not worth more steps than these, nor is a
 /// text worth more of such attempts, nor a search in a longer text.
-constexpr int stepsBesideScanner = 500'000;
+constexpr int stepsBesideScanner = 200'000;
 constexpr int attemptsGivenUp = 16;
-constexpr int searchedBesideScanner = 8'000;
+constexpr int stepsOfSearchBesideScanner = 10'000;
+constexpr int searchedBesideScanner = 1'000;
 
 /// How often expressions were given up in a text.
 struct GivenUp
@@ -40,22 +41,34 @@ Expression::Expression(const QString& pattern, QRegularExpression::PatternOption
                        std::vector<QString> groups, int steps)
     : m_pattern(pattern), m_groups(std::move(groups))
 {
-    const QString limit = steps == 0 ? QString() : QStringLiteral("(*LIMIT_MATCH=%1)").arg(steps);
-    m_expression = QRegularExpression(limit + pattern, options);
+    const QString withoutCompiler = QStringLiteral("(*NO_JIT)");
+    if (steps == 0) {
+        m_expression = QRegularExpression(pattern, options);
+        m_withoutCompiler = QRegularExpression(withoutCompiler + pattern, options);
+    } else {
+        const QString limit = QStringLiteral("(*LIMIT_MATCH=%1)").arg(steps);
+        m_expression = QRegularExpression(withoutCompiler + limit + pattern, options);
+    }
     m_expression.optimize();
-    m_withoutCompiler = QRegularExpression(QStringLiteral("(*NO_JIT)") + limit + pattern, options);
 }
 
-Expression::Outcome Expression::match(const QStringRef& source, int offset, Hit& hit) const
+Expression::Outcome Expression::match(const QStringRef& source, int offset, Hit& hit, bool isWellFormed) const
 {
     if (!m_expression.isValid() || offset < 0 || offset > source.size())
         return Outcome::noMatch;
-    const QRegularExpressionMatch first = m_expression.match(source, offset);
+    const auto run = [&](const QRegularExpression& expression) {
+        return expression.match(source, offset, QRegularExpression::NormalMatch,
+                                isWellFormed ? QRegularExpression::DontCheckSubjectStringMatchOption
+                                             : QRegularExpression::NoMatchOption);
+    };
+    const QRegularExpressionMatch first = run(m_expression);
     if (first.isValid())
         return give(first, hit);
-    const QRegularExpressionMatch second = m_withoutCompiler.match(source, offset);
-    if (second.isValid())
-        return give(second, hit);
+    if (!m_withoutCompiler.pattern().isEmpty()) {
+        const QRegularExpressionMatch second = run(m_withoutCompiler);
+        if (second.isValid())
+            return give(second, hit);
+    }
     ++givenUp;
     System::Application::instance().logger().diagnostic(
         "text", ("an expression was given up on a long text: " + m_pattern.toStdString()).c_str());
@@ -92,10 +105,10 @@ bool PositionedExpression::matchHere(SourceText& text, Hit& hit) const
         hit = hit.movedBy(-text.position());
         return true;
     };
-    if (m_definition.scan &&
-        (m_definition.isScanAlwaysExact || text.isPlain() || text.memory<GivenUp>().count > attemptsGivenUp))
+    if (m_definition.scan && (m_definition.isScanAlwaysExact || text.isForScanners() ||
+                              text.memory<GivenUp>().count > attemptsGivenUp))
         return scan();
-    const Expression::Outcome outcome = m_here.match(text.rest(), 0, hit);
+    const Expression::Outcome outcome = m_here.match(text.rest(), 0, hit, true);
     if (outcome == Expression::Outcome::givenUp && m_definition.scan) {
         ++text.memory<GivenUp>().count;
         return scan();
@@ -107,10 +120,10 @@ std::vector<Hit> findAll(const QStringRef& source, const RuleExpression& definit
                          const std::function<std::vector<Hit>(const SourceText&)>& scan)
 {
     const SourceText text(source);
-    if (text.isPlain() || text.size() > searchedBesideScanner)
+    if (text.isForScanners() || text.size() > searchedBesideScanner)
         return scan(text);
     const Expression expression(definition.pattern, definition.options, definition.groups,
-                                stepsBesideScanner);
+                                stepsOfSearchBesideScanner);
     std::vector<Hit> hits;
     for (Hit hit;;) {
         switch (expression.match(source, hits.empty() ? 0 : hits.back().whole.end, hit)) {

@@ -72,7 +72,8 @@ struct RuleExpression
 class Expression
 {
 public:
-    /// `steps` bounds an attempt; 0 leaves it at the library's own limit.
+    /// `steps` bounds an attempt at each place; then the compiler is never used, since its code does not
+    /// count all of them. 0 leaves it at the library's own limit.
     explicit Expression(const QString& pattern,
                         QRegularExpression::PatternOptions options = QRegularExpression::NoPatternOption,
                         std::vector<QString> groups = {}, int steps = 0);
@@ -83,7 +84,9 @@ public:
         noMatch,
         givenUp,
     };
-    Outcome match(const QStringRef& source, int offset, Hit& hit) const;
+    /// A source that is known to hold no halves of characters is not looked through for them, which takes
+    /// time.
+    Outcome match(const QStringRef& source, int offset, Hit& hit, bool isWellFormed = false) const;
 
     /// How many matches of this program were given up, for tests.
     static int givenUpCount();

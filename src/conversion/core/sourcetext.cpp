@@ -11,6 +11,7 @@ SourceText::SourceText(const QStringRef& source)
     for (int position = m_size; position-- > 0;)
         if (isOtherLineEnd(m_data[position].unicode())) {
             m_lastOtherLineEnd = position;
+            m_isWellFormed = source.toString().isValidUtf16();
             break;
         }
 }

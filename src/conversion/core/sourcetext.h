@@ -40,8 +40,13 @@ public:
     void moveTo(int position) { m_position = position; }
     QStringRef rest() const { return ref({m_position, m_size}); }
 
-    /// Whether the rest has no end of a line but line feeds.
-    bool isPlain() const { return m_position > m_lastOtherLineEnd; }
+    /// Whether the rest is not for expressions: it has no end of a line but line feeds, or is too long for
+    /// them, or has halves of characters.
+    bool isForScanners() const
+    {
+        return m_position > m_lastOtherLineEnd || m_size - m_position > longestForExpressions ||
+               !m_isWellFormed;
+    }
 
     Line lineAt(int start) const { return {start, lineEnd(start)}; }
     bool hasNext(Line line) const { return line.end < m_size; }
@@ -80,11 +85,14 @@ public:
     }
 
 private:
+    static constexpr int longestForExpressions = 20'000;
+
     QStringRef m_source;
     const QChar* m_data;
     int m_size;
     int m_position = 0;
     int m_lastOtherLineEnd = -1;
+    bool m_isWellFormed = true;
     std::map<std::type_index, std::any> m_memories;
 };
 

@@ -210,7 +210,7 @@ bool findCrossReference(SourceText& text, int from, Hit& hit)
         const int closing = text.find(u"`", content);
         if (closing < 0)
             return false;
-        if (text.lineEnd(content) < closing)
+        if (text.skip(content, closing, [](char16_t c) { return c != u'\n'; }) < closing)
             continue;
         hit.whole = {at, closing + 1};
         return true;

@@ -70,9 +70,10 @@ bool scanParagraphLiteral(SourceText& text, Hit& hit)
     for (int marker = text.size() - 2; marker > behindIndent; --marker) {
         if (text[marker] != u':' || text[marker + 1] != u':')
             continue;
-        const Line line = text.lineAt(text.skip(marker + 2, text.size(), isHorizontalSpace));
-        if (line.length() != 0 || !text.hasNext(line))
+        const int lineFeed = text.skip(marker + 2, text.size(), isHorizontalSpace);
+        if (lineFeed == text.size() || text[lineFeed] != u'\n')
             continue;
+        const Line line = {lineFeed, lineFeed};
         hit.whole.start = start;
         hit.groups[0] = indent;
         hit.groups[1] = {behindIndent, marker};

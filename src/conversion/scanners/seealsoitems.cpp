@@ -27,8 +27,12 @@ int descriptionEnd(const SourceText& section, Line line, Span indent)
 std::vector<Hit> findSeeAlsoItems(const SourceText& section)
 {
     std::vector<Hit> items;
+    Line line = section.lineAt(0);
+    int role = section.find(u":ref:", 0);
     for (int start = 0; start < section.size();) {
-        const Line line = section.lineAt(start);
+        line = start > line.end ? section.lineAt(start) : Line{start, line.end};
+        if (role >= 0 && role < start)
+            role = section.find(u":ref:", start);
         const bool isLineStart = start == 0 || section[start - 1] == u'\n';
         const Span indent = {start, section.skip(start, line.end, isHorizontalSpace)};
         const int nameEnd = section.skip(start, line.end, isInName);
@@ -42,7 +46,7 @@ std::vector<Hit> findSeeAlsoItems(const SourceText& section)
             item.whole = {start, item.groups[1].end};
         } else if (nameEnd > start) {
             item.groups[0] = item.whole = {start, nameEnd};
-        } else if (const int role = section.find(u":ref:", start); role >= 0 && role < line.end) {
+        } else if (role >= 0 && role < line.end) {
             item.groups[0] = item.whole = line;
         } else { // what stops a name
             ++start;
