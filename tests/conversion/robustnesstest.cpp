@@ -1,3 +1,4 @@
+#include "byexpressions.h"
 #include "conversion/core/expression.h"
 #include "conversion/paragraphtags.h"
 #include "conversion/pythonlspconversionlibrary.h"
@@ -10,27 +11,6 @@
 using namespace Halvorin::Text;
 
 namespace {
-
-/// Converts block by block as it is told: by the expressions, all of them, over the whole rest, at every
-/// step.
-template <class Library>
-class ByExpressions : public Library
-{
-public:
-    QString convertBlocks(const QStringRef& source, std::size_t) const override
-    {
-        QStringRef remaining = source;
-        QString result;
-        ConversionMatch match = this->nextBlockMatch(remaining, 0);
-        while (!remaining.isEmpty() && match.hasMatch()) {
-            result += match.convertMatched();
-            remaining = remaining.mid(match.end());
-            match = this->nextBlockMatch(remaining, 0);
-        }
-        return result;
-    }
-    using Library::convertBlocks;
-};
 
 QStringList markup()
 {

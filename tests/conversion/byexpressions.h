@@ -1,0 +1,27 @@
+#ifndef BYEXPRESSIONS_H
+#define BYEXPRESSIONS_H
+
+#include "conversion/core/conversionlibrary.h"
+
+/// Converts block by block as it is told: by the expressions, all of them, over the whole rest, at every
+/// step.
+template <class Library>
+class ByExpressions : public Library
+{
+public:
+    QString convertBlocks(const QStringRef& source, std::size_t) const override
+    {
+        QStringRef remaining = source;
+        QString result;
+        Halvorin::Text::ConversionMatch match = this->nextBlockMatch(remaining, 0);
+        while (!remaining.isEmpty() && match.hasMatch()) {
+            result += match.convertMatched();
+            remaining = remaining.mid(match.end());
+            match = this->nextBlockMatch(remaining, 0);
+        }
+        return result;
+    }
+    using Library::convertBlocks;
+};
+
+#endif
