@@ -13,7 +13,7 @@ namespace {
 void sortDistinct(std::vector<std::int64_t>& values)
 {
     std::ranges::sort(values);
-    values.erase(std::ranges::unique(values).begin(), values.end());
+    values.erase(std::unique(values.begin(), values.end()), values.end());
 }
 
 /// How many places two values of a sorted list lie apart.
