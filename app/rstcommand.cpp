@@ -17,7 +17,7 @@ struct Arguments
     bool isPython = false;
 };
 
-constexpr std::size_t textSizeLimit = 64 * 1024 * 1024;
+constexpr std::size_t textSizeLimit = std::size_t{64} * 1024 * 1024;
 
 std::unique_ptr<Halvorin::Text::RSTConversionLibrary> makeLibrary(bool isPython)
 {

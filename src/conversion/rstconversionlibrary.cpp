@@ -168,7 +168,7 @@ QString RSTConversionLibrary::convertLiteralBlock(const Captures& block) const
 
 QString RSTConversionLibrary::convertDirectives(const Captures& directive) const
 {
-    const QString content = removeSurroundingParagraphTags(convertBlocks(directive.group(2), 0));
+    QString content = removeSurroundingParagraphTags(convertBlocks(directive.group(2), 0));
     if (directive.group(0) != QLatin1String("versionchanged"))
         return content;
     return QLatin1String("<div class=\"directive\"><div class=\"title\">Changed in version ") +

@@ -1,8 +1,9 @@
 #include "byexpressions.h"
-#include "conversion/core/expression.h"
+#include "conversion/core/regexconversionrule.h"
 #include "conversion/paragraphtags.h"
 #include "conversion/pythonlspconversionlibrary.h"
 #include "conversion/romannumeral.h"
+#include "conversion/scanners/expressions.h"
 #include "randomtext.h"
 
 #include <QRegularExpression>
@@ -11,6 +12,11 @@
 using namespace Halvorin::Text;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<RSTConversionLibrary> &&
+              !std::is_move_constructible_v<RSTConversionLibrary>);
+static_assert(!std::is_copy_constructible_v<PythonLSPConversionLibrary> &&
+              !std::is_move_constructible_v<PythonLSPConversionLibrary>);
 
 QStringList markup()
 {
@@ -85,6 +91,46 @@ TEST(Conversion, givesWhatTheExpressionsGiveWithOtherEndsOfLines)
         pieces << QString(QChar(end)) << QString(QChar(end));
     pieces << QStringLiteral("\r\n") << QStringLiteral("\r\n") << QStringLiteral("\r\n");
     convertsAsTheExpressionsDo<PythonLSPConversionLibrary>(pieces, 2'000);
+}
+
+/// Inline rules that show what each has found: by scanners, or by expressions alone.
+class InlineRules : public ConversionLibrary
+{
+public:
+    explicit InlineRules(bool byScanners)
+    {
+        using namespace Expressions;
+        for (RuleExpression definition :
+             {emphasis(), escape(), linkWithText(), bareLink(), crossReference()}) {
+            if (!byScanners)
+                definition.find = nullptr;
+            const QString name = definition.name.left(1);
+            addInlineRule(makeRule(definition, [name](ConversionMatch& match) -> QString {
+                const Captures& captures = capturesOf(match);
+                return name + QLatin1Char('<') + captures.group(0) + QLatin1Char('|') + captures.group(1) +
+                       QLatin1Char('|') + captures.whole() + QLatin1Char('>');
+            }));
+        }
+    }
+};
+
+TEST(Conversion, replacesInOnePassWhatTheExpressionsReplaceStepByStep)
+{
+    const InlineRules byScanners(true);
+    const InlineRules byExpressions(false);
+    RandomText random({QStringLiteral("*"), QStringLiteral("**"), QStringLiteral("`"), QStringLiteral("``"),
+                       QStringLiteral("a"), QStringLiteral(" "), QStringLiteral("\\"),
+                       QStringLiteral("https://x"), QStringLiteral("<https://y>`_"),
+                       QStringLiteral(":ref:`z`"), QStringLiteral(","), QStringLiteral("\U0001F600")});
+    for (int count = 0; count < 20'000; ++count) {
+        const QString text = random.next(30);
+        const std::size_t offset = static_cast<std::size_t>(count % 3);
+        if (offset < static_cast<std::size_t>(text.size()) &&
+            text.at(static_cast<int>(offset)).isLowSurrogate())
+            continue;
+        ASSERT_EQ(byScanners.convertInline(text, offset), byExpressions.convertInline(text, offset))
+            << text.toStdString();
+    }
 }
 
 TEST(Conversion, replacesHalvesOfCharacters)

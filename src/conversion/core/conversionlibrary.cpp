@@ -48,6 +48,9 @@ QString replaceStepByStep(const std::vector<ConversionRule>& rules, QString text
         const int start = match.start();
         text.replace(start, match.length(), replacement);
         offset = start + replacement.size() + 1;
+        // a character may be a pair of surrogates; no expression matches from its middle on
+        if (offset < text.size() && text.at(offset).isLowSurrogate())
+            ++offset;
     }
     return text;
 }
@@ -96,7 +99,7 @@ QString ConversionLibrary::convertBlocks(const QString& source, std::size_t offs
 
 QString ConversionLibrary::convertInline(const QStringRef& source, std::size_t offset) const
 {
-    const QString text = source.toString();
+    QString text = source.toString();
     if (offset >= static_cast<std::size_t>(text.size()))
         return text;
     const std::vector<ConversionRule>& rules = _data().inlineRules;
