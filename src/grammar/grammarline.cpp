@@ -27,18 +27,34 @@ int SearchMemory::find(const RuleExpression& expression, const QString& line, in
     const SearchExpression& compiled = *expression.compiled;
     if (!compiled.isRepeatable())
         return compiled.find(line, from);
-    if (expression.number >= m_entries.size()) // rules are resolved when they are first tried
-        m_entries.resize(expression.number + 1);
-    Entry& entry = m_entries[expression.number];
-    if (entry.line != m_line || from < entry.from || (entry.start >= 0 && entry.start < from))
-        entry = {m_line, from, compiled.find(line, from)};
-    return entry.start;
+    if (expression.number >= m_hits.size()) // rules are resolved when they are first tried
+        m_hits.resize(expression.number + 1);
+    Hit& hit = m_hits[expression.number];
+    if (hit.line != m_line || from < hit.from || (hit.start >= 0 && hit.start < from))
+        hit = {m_line, from, compiled.canMatch(m_units) ? compiled.find(line, from) : -1};
+    return hit.start;
+}
+
+std::vector<const ResolvedRule*>& SearchMemory::candidates(const ResolvedRules& list)
+{
+    if (list.number >= m_candidates.size())
+        m_candidates.resize(list.number + 1);
+    Candidates& candidates = m_candidates[list.number];
+    if (candidates.line != m_line) {
+        candidates.line = m_line;
+        candidates.rules.clear();
+        for (const ResolvedRule* rule : list.rules) {
+            if (!rule->start.compiled || rule->start.compiled->canMatch(m_units))
+                candidates.rules.push_back(rule);
+        }
+    }
+    return candidates.rules;
 }
 
 GrammarLine::GrammarLine(const QString& text, RuleSearch& search, SearchMemory& memory)
     : m_text(wholeCharacters(text)), m_search(search), m_memory(memory), m_tokens(text.size())
 {
-    m_memory.startLine();
+    m_memory.startLine(m_text);
 }
 
 QString GrammarLine::captured(const Match& match, int group) const
@@ -79,28 +95,35 @@ bool GrammarLine::matchText(const AbstractGrammarExpression& expression, int pos
     return m_search.lateExpression(pattern).match(m_text, position, match);
 }
 
-std::optional<RuleMatch> GrammarLine::bestMatch(const ResolvedRules& rules, int position, int anchor)
+std::optional<RuleMatch> GrammarLine::bestMatch(const ResolvedRules& list, int position, int anchor)
 {
     if (position >= length())
         return std::nullopt;
     const ResolvedRule* best = nullptr;
     int bestStart = length() + 1;
     Match bestMatch;
-    for (const ResolvedRule* rule : rules) {
+    std::vector<const ResolvedRule*>& rules = m_memory.candidates(list);
+    auto kept = rules.begin();
+    auto rule = rules.begin();
+    while (rule != rules.end() && bestStart != position) { // nothing can be earlier
+        const RuleExpression& expression = (*rule)->start;
         int start = -1;
         Match late;
-        if (rule->start.compiled)
-            start = m_memory.find(rule->start, m_text, position);
-        else if (match(rule->start, position, anchor, {}, late))
+        if (expression.compiled)
+            start = m_memory.find(expression, m_text, position);
+        else if (match(expression, position, anchor, {}, late))
             start = late.capturedStart(0);
-        if (start < 0 || start >= bestStart)
-            continue;
-        best = rule;
-        bestStart = start;
-        bestMatch = std::move(late);
-        if (start == position)
-            break; // nothing can be earlier
+        if (start >= 0 && start < bestStart) {
+            best = *rule;
+            bestStart = start;
+            bestMatch = std::move(late);
+        }
+        // positions only grow in a line: what is not found now never is
+        if (start >= 0 || !expression.compiled || !expression.compiled->isRepeatable())
+            *kept++ = *rule;
+        ++rule;
     }
+    rules.erase(kept, rule);
     if (best == nullptr)
         return std::nullopt;
     if (best->start.compiled && !match(best->start, position, anchor, {}, bestMatch))

@@ -8,25 +8,41 @@
 
 namespace Halvorin::TextMate {
 
-/// Where each expression was found last in the line that is being tokenised. A search from further right need
-/// not be repeated while the hit lies ahead. Kept from line to line, so that its memory is.
+/// What is known of the line that is being tokenised: where each expression was found last, and which rules
+/// can still match. A search from further right need not be repeated while the hit lies ahead. Kept from line
+/// to line, so that its memory is.
 class SearchMemory
 {
 public:
     /// Forgets everything.
-    void startLine() { ++m_line; }
+    void startLine(const QString& line)
+    {
+        ++m_line;
+        m_units = UnitSet(line);
+    }
 
     int find(const RuleExpression& expression, const QString& line, int from);
 
+    /// The rules of a list that may match in this line. Who finds one that does not takes it out.
+    std::vector<const ResolvedRule*>& candidates(const ResolvedRules& list);
+
 private:
-    struct Entry
+    struct Hit
     {
         unsigned line = 0;
         int from = 0;
         int start = 0;
     };
 
-    std::vector<Entry> m_entries;
+    struct Candidates
+    {
+        unsigned line = 0;
+        std::vector<const ResolvedRule*> rules;
+    };
+
+    std::vector<Hit> m_hits;
+    std::vector<Candidates> m_candidates;
+    UnitSet m_units;
     unsigned m_line = 0;
 };
 
@@ -55,7 +71,7 @@ public:
                Match& match);
 
     /// The match with the lowest start at or behind a position; the first rule in the list of equal ones.
-    std::optional<RuleMatch> bestMatch(const ResolvedRules& rules, int position, int anchor);
+    std::optional<RuleMatch> bestMatch(const ResolvedRules& list, int position, int anchor);
 
     /// Adds a token for each group that matched and that the captures name.
     void addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes);

@@ -24,7 +24,8 @@ void logUnusableInclude(const QString& text)
 class RuleSearch::Collector
 {
 public:
-    Collector(RuleSearch& search, ResolvedRules& rules) : m_search(search), m_rules(rules) {}
+    Collector(RuleSearch& search, std::vector<const ResolvedRule*>& rules) : m_search(search), m_rules(rules)
+    {}
 
     void addList(const std::vector<GrammarRule>& patterns)
     {
@@ -63,7 +64,7 @@ private:
     }
 
     RuleSearch& m_search;
-    ResolvedRules& m_rules;
+    std::vector<const ResolvedRule*>& m_rules;
     std::unordered_set<const std::vector<GrammarRule>*> m_entered;
     std::unordered_set<const GrammarRule*> m_included;
     std::unordered_set<const GrammarRule*> m_added;
@@ -71,19 +72,13 @@ private:
 
 RuleSearch::RuleSearch(std::shared_ptr<const Grammar> grammar) : m_grammar(std::move(grammar)) {}
 
-const ResolvedRules& RuleSearch::topLevel()
+const ResolvedRules& RuleSearch::list(const std::vector<GrammarRule>& patterns)
 {
-    const auto [list, isNew] = m_lists.try_emplace(&m_grammar->patterns());
-    if (isNew)
-        Collector(*this, list->second).addList(m_grammar->patterns());
-    return list->second;
-}
-
-const ResolvedRules& RuleSearch::patternsOf(const GrammarRule& rule)
-{
-    const auto [list, isNew] = m_lists.try_emplace(&*rule.patterns);
-    if (isNew)
-        Collector(*this, list->second).addList(*rule.patterns);
+    const auto [list, isNew] = m_lists.try_emplace(&patterns);
+    if (isNew) {
+        list->second.number = m_lists.size() - 1;
+        Collector(*this, list->second.rules).addList(patterns);
+    }
     return list->second;
 }
 

@@ -30,7 +30,12 @@ struct ResolvedRule
     bool isBeginEnd() const { return rule->begin.has_value(); }
 };
 
-using ResolvedRules = std::vector<const ResolvedRule*>;
+/// A list of rules, in the order in which they are tried.
+struct ResolvedRules
+{
+    std::size_t number = 0; ///< counts the lists of the grammar
+    std::vector<const ResolvedRule*> rules;
+};
 
 /// The rules of a grammar as they are tried: a list is in the order of the file, each rule in it once. A rule
 /// that includes itself, directly or not, is tried once: a second try at the same place gives nothing new.
@@ -41,9 +46,9 @@ public:
 
     const Grammar& grammar() const { return *m_grammar; }
 
-    const ResolvedRules& topLevel();
+    const ResolvedRules& topLevel() { return list(m_grammar->patterns()); }
     /// Of the "patterns" of a rule.
-    const ResolvedRules& patternsOf(const GrammarRule& rule);
+    const ResolvedRules& patternsOf(const GrammarRule& rule) { return list(*rule.patterns); }
 
     /// An expression by its final text, kept for the next time. One that is not valid is reported as at
     /// loading.
@@ -52,6 +57,7 @@ public:
 private:
     class Collector;
 
+    const ResolvedRules& list(const std::vector<GrammarRule>& patterns);
     const ResolvedRule* resolve(const GrammarRule& rule);
     RuleExpression prepare(const AbstractGrammarExpression& expression);
 

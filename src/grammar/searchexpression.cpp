@@ -2,6 +2,9 @@
 
 #include "HalvCore/application.h"
 
+#include <QRegularExpression>
+#include <utility>
+
 #define PCRE2_CODE_UNIT_WIDTH 16
 #include <pcre2.h>
 
@@ -31,18 +34,17 @@ public:
 
     pcre2_match_context_16* context() const { return m_context; }
 
-    pcre2_match_data_16* data(const pcre2_code_16* code)
+    pcre2_match_data_16* data(std::uint32_t groups)
     {
-        std::uint32_t groups = 0;
-        pcre2_pattern_info_16(code, PCRE2_INFO_CAPTURECOUNT, &groups);
-        if (m_data == nullptr || groups >= pcre2_get_ovector_count_16(m_data)) {
+        if (groups > m_groups) {
             pcre2_match_data_free_16(m_data);
-            m_data = pcre2_match_data_create_16(groups + 1, nullptr);
+            m_data = pcre2_match_data_create_16(groups, nullptr);
+            m_groups = groups;
         }
         return m_data;
     }
 
-    pcre2_match_data_16* lastData() const { return m_data; }
+    const PCRE2_SIZE* offsets() const { return pcre2_get_ovector_pointer_16(m_data); }
 
 private:
     // what Qt gives its own matches
@@ -52,6 +54,7 @@ private:
     pcre2_match_context_16* m_context;
     pcre2_jit_stack_16* m_stack;
     pcre2_match_data_16* m_data = nullptr;
+    std::uint32_t m_groups = 0;
 };
 
 MatchSpace& matchSpace()
@@ -62,7 +65,14 @@ MatchSpace& matchSpace()
 
 PCRE2_SPTR16 units(const QString& text)
 {
-    return reinterpret_cast<PCRE2_SPTR16>(text.utf16());
+    return reinterpret_cast<PCRE2_SPTR16>(text.constData());
+}
+
+/// Whether a part of a pattern may match letters of either case.
+bool mayIgnoreCase(const QString& pattern)
+{
+    static const QRegularExpression option(QStringLiteral("\\(\\?\\^?[a-zA-Z-]*i"));
+    return pattern.contains(option);
 }
 
 } // namespace
@@ -82,7 +92,41 @@ SearchExpression::SearchExpression(const QString& pattern)
     m_code.reset(pcre2_compile_16(units(pattern), static_cast<PCRE2_SIZE>(pattern.size()), PCRE2_UTF, &error,
                                   &offset, nullptr));
     if (m_code)
-        pcre2_jit_compile_16(m_code.get(), PCRE2_JIT_COMPLETE);
+        prepare();
+}
+
+void SearchExpression::prepare()
+{
+    m_isFast = pcre2_jit_compile_16(m_code.get(), PCRE2_JIT_COMPLETE) == 0;
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_CAPTURECOUNT, &m_groups);
+    ++m_groups;
+
+    // What PCRE2 knows of the start and of the rest; a unit of it stands for both cases where case is
+    // ignored.
+    const bool isExact = !mayIgnoreCase(m_pattern);
+    std::uint32_t kind = 0;
+    std::uint32_t unit = 0;
+    const std::uint8_t* starts = nullptr;
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTBITMAP, &starts);
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTCODETYPE, &kind);
+    if (starts != nullptr) {
+        for (unsigned first = 0; first < 256; ++first) {
+            if ((starts[first / 8] >> first % 8 & 1) != 0)
+                m_first.insert(first);
+        }
+    } else if (kind == 1 && isExact) {
+        pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTCODEUNIT, &unit);
+        m_first.insert(unit);
+    } else {
+        m_first.insertAll();
+    }
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_LASTCODETYPE, &kind);
+    if (kind == 1 && isExact) {
+        pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_LASTCODEUNIT, &unit);
+        m_required.insert(unit);
+    } else {
+        m_required.insertAll();
+    }
 }
 
 int SearchExpression::run(const QString& line, int from) const
@@ -90,9 +134,10 @@ int SearchExpression::run(const QString& line, int from) const
     if (!m_code || from > line.size())
         return PCRE2_ERROR_NOMATCH;
     MatchSpace& space = matchSpace();
-    const int result = pcre2_match_16(m_code.get(), units(line), static_cast<PCRE2_SIZE>(line.size()),
-                                      static_cast<PCRE2_SIZE>(from), PCRE2_NO_UTF_CHECK,
-                                      space.data(m_code.get()), space.context());
+    const auto search = m_isFast ? pcre2_jit_match_16 : pcre2_match_16;
+    const int result =
+        search(m_code.get(), units(line), static_cast<PCRE2_SIZE>(line.size()), static_cast<PCRE2_SIZE>(from),
+               m_isFast ? 0 : PCRE2_NO_UTF_CHECK, space.data(m_groups), space.context());
     if (result < PCRE2_ERROR_NOMATCH && !std::exchange(m_limitLogged, true))
         System::Application::instance().logger().diagnostic(
             "grammar", ("an expression was given up on a long line: " + m_pattern.toStdString()).c_str());
@@ -101,9 +146,7 @@ int SearchExpression::run(const QString& line, int from) const
 
 int SearchExpression::find(const QString& line, int from) const
 {
-    if (run(line, from) <= 0)
-        return -1;
-    return static_cast<int>(pcre2_get_ovector_pointer_16(matchSpace().lastData())[0]);
+    return run(line, from) > 0 ? static_cast<int>(matchSpace().offsets()[0]) : -1;
 }
 
 bool SearchExpression::match(const QString& line, int from, Match& match) const
@@ -111,7 +154,7 @@ bool SearchExpression::match(const QString& line, int from, Match& match) const
     const int count = run(line, from);
     if (count <= 0)
         return false;
-    const PCRE2_SIZE* const offsets = pcre2_get_ovector_pointer_16(matchSpace().lastData());
+    const PCRE2_SIZE* const offsets = matchSpace().offsets();
     std::vector<int> positions(static_cast<std::size_t>(count) * 2);
     for (std::size_t index = 0; index < positions.size(); ++index)
         positions[index] = offsets[index] == PCRE2_UNSET ? -1 : static_cast<int>(offsets[index]);
