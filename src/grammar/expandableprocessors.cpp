@@ -1,6 +1,5 @@
 #include "grammar/expandableprocessors.h"
 
-#include "HalvCore/application.h"
 #include "grammar/continuations.h"
 
 namespace Halvorin::TextMate {
@@ -10,14 +9,6 @@ namespace {
 /// Items in items beyond this depth do not open: text from outside must not decide how deep the stack of
 /// calls is.
 constexpr int maximumDepth = 500;
-
-void logDepthOnce()
-{
-    [[maybe_unused]] static const bool logged = [] {
-        System::Application::instance().logger().diagnostic("grammar", "rules are nested too deeply");
-        return true;
-    }();
-}
 
 } // namespace
 
@@ -32,7 +23,7 @@ ExpandableProcessorStackItem::nextItem(GrammarLine& line, const ResolvedRules& r
         return std::make_shared<MatchProcessorStackItem>(*std::move(match), self);
     if (depth() < maximumDepth)
         return std::make_shared<BeginEndProcessorStackItem>(*std::move(match), self);
-    logDepthOnce();
+    line.rules().reportDepth();
     return nullptr;
 }
 
@@ -84,8 +75,9 @@ bool ContentProcessorStackItem::endsBefore(GrammarLine& line,
 std::shared_ptr<const AbstractContinuationProcessorStackItem>
 ContentProcessorStackItem::makeContinuation() const
 {
-    return std::make_shared<ContentContinuationProcessorStackItem>(m_owner.rule(), scopes(),
-                                                                   parent()->makeContinuation());
+    return std::make_shared<ContentContinuationProcessorStackItem>(
+        std::static_pointer_cast<const BeginEndContinuationProcessorStackItem>(m_owner.makeContinuation()),
+        scopes(), depth());
 }
 
 ProcessResult RootProcessorStackItem::process(GrammarLine& line)

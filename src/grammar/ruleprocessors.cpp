@@ -33,13 +33,14 @@ ProcessResult MatchProcessorStackItem::process(GrammarLine& line)
 std::shared_ptr<const AbstractContinuationProcessorStackItem>
 MatchProcessorStackItem::makeContinuation() const
 {
-    return std::make_shared<MatchContinuationProcessorStackItem>(rule(), scopes(),
+    return std::make_shared<MatchContinuationProcessorStackItem>(rule(), scopes(), depth(),
                                                                  parent()->makeContinuation());
 }
 
 BeginEndProcessorStackItem::BeginEndProcessorStackItem(
     const BeginEndContinuationProcessorStackItem& continuation, int position)
-    : AbstractMatchRuleProcessorStackItem(continuation.rule(), position, continuation.scopes()),
+    : AbstractMatchRuleProcessorStackItem(continuation.rule(), position, continuation.scopes(),
+                                          continuation.depth()),
       m_continuation(continuation.shared_from_this()), m_beginCaptures(continuation.beginCaptures())
 {}
 
@@ -63,7 +64,7 @@ ProcessResult BeginEndProcessorStackItem::processContent(GrammarLine& line)
     if (const auto* completed = std::get_if<Completed>(&result))
         return finish(line, completed->end);
     setEnd(line.length());
-    return result; // with all that is around the innermost item, this one among it
+    return result; // it has the continuation of all that is around the innermost item, this one among it
 }
 
 ProcessResult BeginEndProcessorStackItem::finish(GrammarLine& line, int position)
@@ -92,7 +93,7 @@ BeginEndProcessorStackItem::makeContinuation() const
     if (m_continuation)
         return m_continuation;
     return std::make_shared<BeginEndContinuationProcessorStackItem>(rule(), m_beginCaptures, scopes(),
-                                                                    parent()->makeContinuation());
+                                                                    depth(), parent()->makeContinuation());
 }
 
 QStringList BeginEndProcessorStackItem::contentScopes() const

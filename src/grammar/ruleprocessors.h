@@ -16,6 +16,10 @@ protected:
                                    const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
         : AbstractGrammarProcessorStackItem(start, end, scopes, parent), m_rule(rule)
     {}
+    AbstractRuleProcessorStackItem(const ResolvedRule& rule, int start, int end, const QStringList& scopes,
+                                   int depth)
+        : AbstractGrammarProcessorStackItem(start, end, scopes, depth), m_rule(rule)
+    {}
 
 private:
     const ResolvedRule& m_rule;
@@ -28,8 +32,9 @@ protected:
     AbstractMatchRuleProcessorStackItem(RuleMatch match,
                                         const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent);
     /// One that matched on an earlier line and goes on at a position.
-    AbstractMatchRuleProcessorStackItem(const ResolvedRule& rule, int position, const QStringList& scopes)
-        : AbstractRuleProcessorStackItem(rule, position, position, scopes, nullptr)
+    AbstractMatchRuleProcessorStackItem(const ResolvedRule& rule, int position, const QStringList& scopes,
+                                        int depth)
+        : AbstractRuleProcessorStackItem(rule, position, position, scopes, depth)
     {}
 
     const Match& match() const { return m_match; }

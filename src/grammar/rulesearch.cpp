@@ -3,6 +3,7 @@
 #include "HalvCore/application.h"
 
 #include <unordered_set>
+#include <utility>
 
 namespace Halvorin::TextMate {
 
@@ -11,7 +12,7 @@ namespace {
 /// Texts of back-references come from the document: what was compiled for them must not pile up.
 constexpr int lateExpressionsKept = 256;
 
-void logUnusableInclude(const QString& text)
+void logDiagnostic(const QString& text)
 {
     System::Application::instance().logger().diagnostic("grammar", text.toUtf8().constData());
 }
@@ -55,10 +56,10 @@ private:
         if (include == QLatin1String("$self"))
             return addList(m_search.grammar().patterns());
         if (!include.startsWith(QLatin1Char('#')))
-            return logUnusableInclude(QStringLiteral("referencing external grammar files not supported"));
+            return logDiagnostic(QStringLiteral("referencing external grammar files not supported"));
         const GrammarRule* rule = m_search.grammar().rule(include.mid(1));
         if (rule == nullptr)
-            return logUnusableInclude(QStringLiteral("unable to find rule: ") + include);
+            return logDiagnostic(QStringLiteral("unable to find rule: ") + include);
         if (m_included.insert(rule).second)
             add(*rule);
     }
@@ -90,6 +91,12 @@ const SearchExpression& RuleSearch::lateExpression(const QString& pattern)
         m_late.clear();
     compileExpression(pattern); // reports what is wrong with it
     return **m_late.insert(pattern, std::make_shared<SearchExpression>(pattern));
+}
+
+void RuleSearch::reportDepth()
+{
+    if (!std::exchange(m_depthReported, true))
+        logDiagnostic(QStringLiteral("rules are nested too deeply"));
 }
 
 const ResolvedRule* RuleSearch::resolve(const GrammarRule& rule)

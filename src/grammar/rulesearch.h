@@ -54,6 +54,9 @@ public:
     /// loading.
     const SearchExpression& lateExpression(const QString& pattern);
 
+    /// Says in the log, once, that rules were nested too deeply to open more.
+    void reportDepth();
+
 private:
     class Collector;
 
@@ -66,6 +69,7 @@ private:
     std::unordered_map<const GrammarRule*, std::unique_ptr<ResolvedRule>> m_resolved;
     std::unordered_map<const std::vector<GrammarRule>*, ResolvedRules> m_lists;
     QHash<QString, std::shared_ptr<SearchExpression>> m_late;
+    bool m_depthReported = false;
 };
 
 } // namespace Halvorin::TextMate

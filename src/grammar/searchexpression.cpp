@@ -2,7 +2,6 @@
 
 #include "HalvCore/application.h"
 
-#include <QRegularExpression>
 #include <utility>
 
 #define PCRE2_CODE_UNIT_WIDTH 16
@@ -68,11 +67,21 @@ PCRE2_SPTR16 units(const QString& text)
     return reinterpret_cast<PCRE2_SPTR16>(text.constData());
 }
 
-/// Whether a part of a pattern may match letters of either case.
-bool mayIgnoreCase(const QString& pattern)
+/// What a unit that PCRE2 tells of an expression stands for: it does not tell whether it ignores the case.
+UnitSet eitherCase(std::uint32_t unit)
 {
-    static const QRegularExpression option(QStringLiteral("\\(\\?\\^?[a-zA-Z-]*i"));
-    return pattern.contains(option);
+    UnitSet set;
+    const bool isLetter = (unit >= 'A' && unit <= 'Z') || (unit >= 'a' && unit <= 'z');
+    if (unit > 127) {
+        set.insertAll();
+    } else if (isLetter) {
+        set.insert(unit & ~0x20U);
+        set.insert(unit | 0x20U);
+        set.insert(0x212A); // the Kelvin sign is another K, and there is another S
+    } else {
+        set.insert(unit);
+    }
+    return set;
 }
 
 } // namespace
@@ -101,31 +110,28 @@ void SearchExpression::prepare()
     pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_CAPTURECOUNT, &m_groups);
     ++m_groups;
 
-    // What PCRE2 knows of the start and of the rest; a unit of it stands for both cases where case is
-    // ignored.
-    const bool isExact = !mayIgnoreCase(m_pattern);
-    std::uint32_t kind = 0;
-    std::uint32_t unit = 0;
+    m_first.insertAll();
+    m_required.insertAll();
     const std::uint8_t* starts = nullptr;
     pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTBITMAP, &starts);
-    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTCODETYPE, &kind);
     if (starts != nullptr) {
+        m_first = {};
         for (unsigned first = 0; first < 256; ++first) {
             if ((starts[first / 8] >> first % 8 & 1) != 0)
                 m_first.insert(first);
         }
-    } else if (kind == 1 && isExact) {
-        pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTCODEUNIT, &unit);
-        m_first.insert(unit);
-    } else {
-        m_first.insertAll();
     }
-    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_LASTCODETYPE, &kind);
-    if (kind == 1 && isExact) {
+    std::uint32_t isKnown = 0; // 2 stands for the start of a line
+    std::uint32_t unit = 0;
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTCODETYPE, &isKnown);
+    if (isKnown == 1) {
+        pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTCODEUNIT, &unit);
+        m_first = eitherCase(unit);
+    }
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_LASTCODETYPE, &isKnown);
+    if (isKnown == 1) {
         pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_LASTCODEUNIT, &unit);
-        m_required.insert(unit);
-    } else {
-        m_required.insertAll();
+        m_required = eitherCase(unit);
     }
 }
 

@@ -133,6 +133,37 @@ TEST(GrammarProcessor, GoesOnOutsideWhenAnInnerItemClosesOnALaterLine)
                                            "5+1 root g", "6+1 root g"}));
 }
 
+TEST(GrammarProcessor, GivesWhatStandsBehindAnInnerItemTheScopesOfTheOuterOne)
+{
+    Tokeniser tokenise(R"json("patterns": [{"name": "string", "begin": "\"", "end": "\"", "patterns": [
+        {"name": "field", "begin": "\\{", "end": "\\}"}, {"name": "escape", "match": "\\\\n"}]}])json");
+    tokenise("\"{\n");
+    EXPECT_EQ(tokenise("1} a \\n b\"\n"),
+              (Texts{"0+1 root string field", "1+1 root string field", "2+3 root string",
+                     "5+2 root string escape", "7+2 root string", "9+1 root string", "10+1 root"}));
+}
+
+TEST(GrammarProcessor, GoesOnAroundAnItemThatEndsAtTheStartOfALine)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"name": "rest", "begin": "<", "end": "(?=>)"}, {"name": "n", "match": "[0-9]"}])json");
+    tokenise("<a\n");
+    EXPECT_EQ(tokenise(">1\n"), (Texts{"0+1 root", "1+1 root n", "2+1 root"}));
+}
+
+TEST(GrammarProcessor, NestsItemsOverLinesNoDeeperThanInOne)
+{
+    const HostLog log;
+    Tokeniser tokenise(
+        R"json("patterns": [{"include": "#group"}], "repository": {"group": {"begin": "\\(", "end": "\\)", "name": "g",
+        "patterns": [{"include": "#group"}]}})json");
+    for (int line = 0; line < 600; ++line)
+        tokenise("((\n");
+    tokenise(longLine(')').c_str());
+    EXPECT_FALSE(tokenise.isOpen());
+    EXPECT_EQ(log.lines(), Texts{"diagnostic: grammar: rules are nested too deeply"});
+}
+
 TEST(GrammarProcessor, NeverClosesARuleWithoutAnEnd)
 {
     Tokeniser tokenise(R"("patterns": [{"begin": "#", "name": "rest"}])");
