@@ -11,6 +11,7 @@ left out. Of the lines "slowest line FILE:LINE, N ms" that a program writes to s
 Exit code 1 when fewer agree than the minimum, or when a file ends within an open string."""
 import argparse
 import collections
+import functools
 import io
 import json
 import keyword
@@ -23,6 +24,7 @@ import tempfile
 import tokenize
 
 KINDS = ("string", "comment", "number", "keyword", "other")
+FIELD = 16
 SOFT = {"match", "case", "type", "_"}
 KEYWORD_SCOPES = ("keyword.control", "keyword.other", "storage.type", "constant.language.boolean",
                   "constant.language.none", "keyword.operator.logical", "keyword.operator.membership",
@@ -65,6 +67,8 @@ def expected_of(token):
 
 def units(text):
     """The place in UTF-16 of each character of a text, and of its end."""
+    if text.isascii():
+        return range(len(text) + 1)
     places, at = [], 0
     for character in text:
         places.append(at)
@@ -72,13 +76,19 @@ def units(text):
     return places + [at]
 
 
-def kinds_by_unit(line, tokens):
-    kinds = [("other", False)] * (units(line)[-1] + 1)
+@functools.cache
+def code_of(scopes):
+    """kind_of() as a byte: the place in KINDS, and FIELD for what stands in a replacement field."""
+    kind, in_field = kind_of([scope.removesuffix(".python") for scope in scopes])
+    return KINDS.index(kind) + (FIELD if in_field else 0)
+
+
+def codes_by_unit(line, tokens):
+    codes = bytearray([KINDS.index("other")]) * (units(line)[-1] + 1)
     for token in tokens:
-        kind = kind_of([scope.removesuffix(".python") for scope in token["scopes"]])
-        for place in range(token["start"], min(token["start"] + token["length"], len(kinds))):
-            kinds[place] = kind
-    return kinds
+        start, end = token["start"], min(token["start"] + token["length"], len(codes))
+        codes[start:end] = bytes([code_of(tuple(token["scopes"]))]) * (end - start)
+    return codes
 
 
 class Tally:
@@ -93,39 +103,49 @@ class Tally:
 
     def judge(self, file, lines, outputs):
         """Compares one file: its lines, and what the program printed for each and for the probe."""
-        kinds = [kinds_by_unit(line, json.loads(output)) for line, output in zip(lines, outputs)]
+        codes = [codes_by_unit(line, json.loads(output)) for line, output in zip(lines, outputs)]
+        places = [units(line) for line in lines]
         for token in tokenize.generate_tokens(io.StringIO("\n".join(lines) + "\n").readline):
             if token.type in (tokenize.NEWLINE, tokenize.NL, tokenize.INDENT, tokenize.DEDENT, tokenize.ENDMARKER):
                 continue
-            self.judge_token(file, lines, kinds, token)
+            self.judge_token(file, lines, places, codes, token)
         probe = json.loads(outputs[len(lines)])
         if any(scope.startswith("string.") for part in probe for scope in part["scopes"]):
             self.open_files.append(file)
 
-    def judge_token(self, file, lines, kinds, token):
+    def judge_token(self, file, lines, places, codes, token):
         expected = expected_of(token)
+        is_soft = token.type == tokenize.NAME and token.string in SOFT
         (first, start), (last, end) = token.start, token.end
         for number in range(first, last + 1):
-            line = lines[number - 1]
-            places = units(line)
+            line, place = lines[number - 1], places[number - 1]
             from_, to = start if number == first else 0, min(end if number == last else len(line), len(line))
-            wrong = None
-            for column in range(from_, to):
-                said, in_field = kinds[number - 1][places[column]]
-                if in_field:
-                    self.apart["replacement fields"] += 1
-                    continue
-                if token.type == tokenize.NAME and token.string in SOFT and said in ("keyword", "other"):
-                    self.apart[f"{token.string} as {'a keyword' if said == 'keyword' else 'a name'}"] += 1
-                    continue
-                self.judged[expected] += 1
-                if said == expected:
-                    self.same[expected] += 1
-                elif wrong is None:
-                    wrong = (column, said)
-            if wrong:
-                self.disagreements.append(f"{file}:{number}:{wrong[0] + 1}: {wrong[1]} where there is {expected}: "
-                                          f"{line.strip()[:90]}")
+            said = codes[number - 1][place[from_]:place[to]]
+            if not is_soft and said.count(KINDS.index(expected)) == len(said):  # nearly always
+                self.judged[expected] += to - from_
+                self.same[expected] += to - from_
+                continue
+            self.judge_characters(f"{file}:{number}", line, [codes[number - 1][place[column]] for column in
+                                                             range(from_, to)], from_, token, expected)
+
+    def judge_characters(self, where, line, codes, from_, token, expected):
+        wrong = None
+        for column, code in enumerate(codes, from_):
+            kind = KINDS[code % FIELD]
+            if code >= FIELD:
+                self.apart["replacement fields"] += 1
+                continue
+            if token.type == tokenize.NAME and token.string in SOFT and kind in ("keyword", "other"):
+                self.apart[f"{token.string} as {'a keyword' if kind == 'keyword' else 'a name'}"] += 1
+                continue
+            self.judged[expected] += 1
+            if kind == expected:
+                self.same[expected] += 1
+            elif wrong is None:
+                wrong = (column, kind)
+        if wrong:
+            self.disagreements.append(f"{where}:{wrong[0] + 1}: {wrong[1]} where there is {expected}: "
+                                      f"{line.strip()[:90]}")
 
     def report(self, shown):
         judged, same = sum(self.judged.values()), sum(self.same.values())
