@@ -46,12 +46,17 @@ private:
 class RootProcessorStackItem : public ExpandableProcessorStackItem
 {
 public:
-    RootProcessorStackItem(const QString& scopeName, int position)
-        : ExpandableProcessorStackItem(0, position, QStringList(scopeName), nullptr)
+    RootProcessorStackItem(RuleSearch& search, int position)
+        : ExpandableProcessorStackItem(0, position, search.rootScopes(), nullptr),
+          m_innerScopes(search.innerRootScopes())
     {}
 
     ProcessResult process(GrammarLine& line) override;
     std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
+    ScopeLists& innerScopes() override { return m_innerScopes; }
+
+private:
+    ScopeLists& m_innerScopes; // the same for all lines
 };
 
 } // namespace Halvorin::TextMate

@@ -131,13 +131,14 @@ std::optional<RuleMatch> GrammarLine::bestMatch(const ResolvedRules& list, int p
     return RuleMatch{best, std::move(bestMatch)};
 }
 
-void GrammarLine::addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes)
+void GrammarLine::addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes,
+                              ScopeLists& lists)
 {
     for (const auto& [group, capture] : captures) {
         if (group < 0 || group > match.lastCapturedIndex() || match.capturedStart(group) < 0)
             continue;
         m_tokens.addToken(match.capturedStart(group), match.capturedLength(group),
-                          capture.name.isEmpty() ? scopes : scopes + QStringList(capture.name));
+                          capture.name.isEmpty() ? scopes : lists.with(scopes, capture.name));
     }
 }
 

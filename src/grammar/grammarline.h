@@ -2,6 +2,7 @@
 #define GRAMMARLINE_H
 
 #include "grammar/rulesearch.h"
+#include "grammar/scopelists.h"
 #include "grammar/tokenbuilder.h"
 
 #include <optional>
@@ -74,7 +75,8 @@ public:
     std::optional<RuleMatch> bestMatch(const ResolvedRules& list, int position, int anchor);
 
     /// Adds a token for each group that matched and that the captures name.
-    void addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes);
+    void addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes,
+                     ScopeLists& lists);
 
 private:
     bool matchText(const AbstractGrammarExpression& expression, int position, int anchor,

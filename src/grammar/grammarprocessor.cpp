@@ -36,10 +36,9 @@ TokenList GrammarProcessor::tokenise(const QString& line)
 TokenList GrammarProcessor::tokenise(const QString& text, const Continuation& continuation)
 {
     GrammarLine line(text, *m_rules, *m_memory);
-    const ProcessResult result =
-        continuation
-            ? continueAll(line, continuation)
-            : std::make_shared<RootProcessorStackItem>(m_rules->grammar().scopeName(), 0)->process(line);
+    const ProcessResult result = continuation
+                                     ? continueAll(line, continuation)
+                                     : std::make_shared<RootProcessorStackItem>(*m_rules, 0)->process(line);
     const auto* open = std::get_if<Continued>(&result);
     return {line.tokens().take(), open ? open->continuation : nullptr};
 }

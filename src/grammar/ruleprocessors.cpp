@@ -7,25 +7,25 @@ namespace Halvorin::TextMate {
 
 namespace {
 
-QStringList withScope(QStringList scopes, const std::optional<QString>& scope)
+const QStringList& withScope(const QStringList& scopes, const std::optional<QString>& scope,
+                             ScopeLists& lists)
 {
-    if (scope)
-        scopes.append(*scope);
-    return scopes;
+    return scope ? lists.with(scopes, *scope) : scopes;
 }
 
 } // namespace
 
 AbstractMatchRuleProcessorStackItem::AbstractMatchRuleProcessorStackItem(
     RuleMatch match, const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
-    : AbstractRuleProcessorStackItem(*match.rule, match.match.capturedStart(0), match.match.capturedEnd(0),
-                                     withScope(parent->scopes(), match.rule->rule->name), parent),
-      m_match(std::move(match.match))
+    : AbstractRuleProcessorStackItem(
+          *match.rule, match.match.capturedStart(0), match.match.capturedEnd(0),
+          withScope(parent->scopes(), match.rule->rule->name, parent->innerScopes()), parent),
+      m_match(std::move(match.match)), m_ownScopes(&parent->innerScopes())
 {}
 
 ProcessResult MatchProcessorStackItem::process(GrammarLine& line)
 {
-    line.addCaptures(match(), rule().rule->captures, scopes());
+    line.addCaptures(match(), rule().rule->captures, scopes(), ownScopes());
     line.tokens().fillToken(start(), length(), scopes());
     return Completed{match().capturedEnd(0)};
 }
@@ -47,8 +47,8 @@ BeginEndProcessorStackItem::BeginEndProcessorStackItem(
 ProcessResult BeginEndProcessorStackItem::process(GrammarLine& line)
 {
     const GrammarRule& source = *rule().rule;
-    line.addCaptures(match(), source.beginCaptures, scopes());
-    line.addCaptures(match(), source.captures, scopes());
+    line.addCaptures(match(), source.beginCaptures, scopes(), ownScopes());
+    line.addCaptures(match(), source.captures, scopes(), ownScopes());
     if (source.end && source.end->hasBackReference()) {
         for (int group = 0; group <= match().lastCapturedIndex(); ++group)
             m_beginCaptures.append(line.captured(match(), group));
@@ -80,8 +80,8 @@ ProcessResult BeginEndProcessorStackItem::finish(GrammarLine& line, int position
         return Continued{line.length(), makeContinuation()};
     }
     tokens.fillToken(anchor(), endMatch.capturedStart(0) - anchor(), contentScopes());
-    line.addCaptures(endMatch, source.captures, scopes());
-    line.addCaptures(endMatch, source.endCaptures, scopes());
+    line.addCaptures(endMatch, source.captures, scopes(), ownScopes());
+    line.addCaptures(endMatch, source.endCaptures, scopes(), ownScopes());
     setEnd(endMatch.capturedEnd(0));
     tokens.fillToken(start(), length(), scopes());
     return Completed{end()};
@@ -96,9 +96,9 @@ BeginEndProcessorStackItem::makeContinuation() const
                                                                     depth(), parent()->makeContinuation());
 }
 
-QStringList BeginEndProcessorStackItem::contentScopes() const
+const QStringList& BeginEndProcessorStackItem::contentScopes()
 {
-    return withScope(scopes(), rule().rule->contentName);
+    return withScope(scopes(), rule().rule->contentName, ownScopes());
 }
 
 } // namespace Halvorin::TextMate

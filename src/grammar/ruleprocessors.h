@@ -34,13 +34,17 @@ protected:
     /// One that matched on an earlier line and goes on at a position.
     AbstractMatchRuleProcessorStackItem(const ResolvedRule& rule, int position, const QStringList& scopes,
                                         int depth)
-        : AbstractRuleProcessorStackItem(rule, position, position, scopes, depth)
+        : AbstractRuleProcessorStackItem(rule, position, position, scopes, depth),
+          m_ownScopes(&AbstractRuleProcessorStackItem::innerScopes())
     {}
 
     const Match& match() const { return m_match; }
+    /// The lists in which those of this item stand: another match of the rule in the same item shares them.
+    ScopeLists& ownScopes() { return *m_ownScopes; }
 
 private:
     Match m_match;
+    ScopeLists* m_ownScopes; // of the item around this one, or of this one
 };
 
 /// A rule with "match".
@@ -76,7 +80,7 @@ public:
 
     std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
 
-    QStringList contentScopes() const;
+    const QStringList& contentScopes();
     /// The texts of the groups of "begin", when "end" speaks of them.
     const QStringList& beginCaptures() const { return m_beginCaptures; }
 

@@ -71,7 +71,9 @@ private:
     std::unordered_set<const GrammarRule*> m_added;
 };
 
-RuleSearch::RuleSearch(std::shared_ptr<const Grammar> grammar) : m_grammar(std::move(grammar)) {}
+RuleSearch::RuleSearch(std::shared_ptr<const Grammar> grammar)
+    : m_grammar(std::move(grammar)), m_rootScopes(m_grammar->scopeName())
+{}
 
 const ResolvedRules& RuleSearch::list(const std::vector<GrammarRule>& patterns)
 {

@@ -2,6 +2,7 @@
 #define RULESEARCH_H
 
 #include "grammar/grammar.h"
+#include "grammar/scopelists.h"
 #include "grammar/searchexpression.h"
 
 #include <QHash>
@@ -46,6 +47,10 @@ public:
 
     const Grammar& grammar() const { return *m_grammar; }
 
+    /// The scopes of the top level, and the lists of those within it.
+    const QStringList& rootScopes() const { return m_rootScopes; }
+    ScopeLists& innerRootScopes() { return m_innerRootScopes; }
+
     const ResolvedRules& topLevel() { return list(m_grammar->patterns()); }
     /// Of the "patterns" of a rule.
     const ResolvedRules& patternsOf(const GrammarRule& rule) { return list(*rule.patterns); }
@@ -65,6 +70,8 @@ private:
     RuleExpression prepare(const AbstractGrammarExpression& expression);
 
     std::shared_ptr<const Grammar> m_grammar;
+    QStringList m_rootScopes;
+    ScopeLists m_innerRootScopes;
     std::size_t m_expressionCount = 0;
     std::unordered_map<const GrammarRule*, std::unique_ptr<ResolvedRule>> m_resolved;
     std::unordered_map<const std::vector<GrammarRule>*, ResolvedRules> m_lists;

@@ -3,6 +3,7 @@
 
 #include "grammar/continuation.h"
 #include "grammar/grammarline.h"
+#include "grammar/scopelists.h"
 
 #include <QStringList>
 #include <memory>
@@ -63,6 +64,8 @@ public:
     const QStringList& scopes() const { return m_scopes; }
     /// How many items there are around this one.
     int depth() const { return m_depth; }
+    /// The lists of scopes of the items in this one.
+    virtual ScopeLists& innerScopes() { return m_innerScopes; }
 
 protected:
     AbstractGrammarProcessorStackItem(int start, int end, const QStringList& scopes,
@@ -83,6 +86,7 @@ protected:
 
 private:
     QStringList m_scopes;
+    ScopeLists m_innerScopes;
     int m_depth;
     std::weak_ptr<AbstractGrammarProcessorStackItem> m_parent;
 };
