@@ -27,6 +27,21 @@ constexpr std::array<Suffix, 3> suffixes{{
     {".tmLanguage", GrammarType::PropertyList},
 }};
 
+GrammarData read(QIODevice& device, GrammarType type)
+{
+    switch (type) {
+    case GrammarType::Json:
+        return readJsonGrammar(QJsonDocument::fromJson(device.readAll()).object());
+    case GrammarType::Binary:
+        return readJsonGrammar(QCborValue::fromCbor(device.readAll()).toMap().toJsonObject());
+    case GrammarType::PropertyList:
+        return readPropertyListGrammar(device);
+    case GrammarType::Unknown:
+        break;
+    }
+    return {};
+}
+
 GrammarData load(const QString& path)
 {
     const GrammarType type = Grammar::type(path);
@@ -36,22 +51,14 @@ GrammarData load(const QString& path)
         type == GrammarType::Binary ? QIODevice::ReadOnly : QIODevice::ReadOnly | QIODevice::Text;
     if (type == GrammarType::Unknown || !file.open(mode))
         return {};
-    switch (type) {
-    case GrammarType::Json:
-        return readJsonGrammar(QJsonDocument::fromJson(file.readAll()).object());
-    case GrammarType::Binary:
-        return readJsonGrammar(QCborValue::fromCbor(file.readAll()).toMap().toJsonObject());
-    case GrammarType::PropertyList:
-        return readPropertyListGrammar(file);
-    case GrammarType::Unknown:
-        break;
-    }
-    return {};
+    return read(file, type);
 }
 
 } // namespace
 
 Grammar::Grammar(const QString& path) : m_data(load(path)) {}
+
+Grammar::Grammar(QIODevice& device, GrammarType type) : m_data(read(device, type)) {}
 
 GrammarType Grammar::type(const QString& path)
 {

@@ -9,6 +9,8 @@
 #include <map>
 #include <vector>
 
+class QIODevice;
+
 namespace Halvorin::TextMate {
 
 /// How a grammar stands in its file.
@@ -46,6 +48,8 @@ public:
     Grammar() = default;
     /// Loads a file; its suffix says how it is read. See type().
     explicit Grammar(const QString& path);
+    /// Reads a device that is open; of the unknown type nothing.
+    Grammar(QIODevice& device, GrammarType type);
     explicit Grammar(GrammarData data) : m_data(std::move(data)) {}
 
     /// By the suffix alone, whatever its case.
