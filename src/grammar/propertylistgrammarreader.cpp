@@ -103,6 +103,33 @@ private:
 
     bool readRuleKey(GrammarRule& rule, const QString& key)
     {
+        struct Key
+        {
+            const char* name;
+            void (*read)(PropertyListReader& reader, GrammarRule& rule);
+        };
+
+        static constexpr std::array<Key, 10> keys{{
+            {"name", [](PropertyListReader& reader, GrammarRule& rule) { rule.name = reader.readText(); }},
+            {"match",
+             [](PropertyListReader& reader, GrammarRule& rule) { rule.match.emplace(reader.readText()); }},
+            {"begin",
+             [](PropertyListReader& reader, GrammarRule& rule) { rule.begin.emplace(reader.readText()); }},
+            {"end",
+             [](PropertyListReader& reader, GrammarRule& rule) { rule.end.emplace(reader.readText()); }},
+            {"contentName",
+             [](PropertyListReader& reader, GrammarRule& rule) { rule.contentName = reader.readText(); }},
+            {"captures",
+             [](PropertyListReader& reader, GrammarRule& rule) { rule.captures = reader.readCaptures(); }},
+            {"beginCaptures", [](PropertyListReader& reader,
+                                 GrammarRule& rule) { rule.beginCaptures = reader.readCaptures(); }},
+            {"endCaptures",
+             [](PropertyListReader& reader, GrammarRule& rule) { rule.endCaptures = reader.readCaptures(); }},
+            {"include",
+             [](PropertyListReader& reader, GrammarRule& rule) { rule.include = reader.readText(); }},
+            {"patterns",
+             [](PropertyListReader& reader, GrammarRule& rule) { rule.patterns = reader.readRules(); }},
+        }};
         for (const Key& row : keys) {
             if (key == QLatin1String(row.name)) {
                 row.read(*this, rule);
@@ -144,32 +171,6 @@ private:
             qDebug().nospace().noquote() << "extra keys: " << extraKeys.join(QLatin1String(", "));
         return capture;
     }
-
-    struct Key
-    {
-        const char* name;
-        void (*read)(PropertyListReader& reader, GrammarRule& rule);
-    };
-
-    static constexpr std::array<Key, 10> keys{{
-        {"name", [](PropertyListReader& reader, GrammarRule& rule) { rule.name = reader.readText(); }},
-        {"match",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.match.emplace(reader.readText()); }},
-        {"begin",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.begin.emplace(reader.readText()); }},
-        {"end", [](PropertyListReader& reader, GrammarRule& rule) { rule.end.emplace(reader.readText()); }},
-        {"contentName",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.contentName = reader.readText(); }},
-        {"captures",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.captures = reader.readCaptures(); }},
-        {"beginCaptures",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.beginCaptures = reader.readCaptures(); }},
-        {"endCaptures",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.endCaptures = reader.readCaptures(); }},
-        {"include", [](PropertyListReader& reader, GrammarRule& rule) { rule.include = reader.readText(); }},
-        {"patterns",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.patterns = reader.readRules(); }},
-    }};
 
     QXmlStreamReader m_xml;
     int m_depth = 0;
