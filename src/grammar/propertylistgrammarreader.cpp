@@ -106,33 +106,33 @@ private:
         struct Key
         {
             const char* name;
-            void (*read)(PropertyListReader& reader, GrammarRule& rule);
+            void (*take)(PropertyListReader& reader, GrammarRule& into);
         };
 
         static constexpr std::array<Key, 10> keys{{
-            {"name", [](PropertyListReader& reader, GrammarRule& rule) { rule.name = reader.readText(); }},
+            {"name", [](PropertyListReader& reader, GrammarRule& into) { into.name = reader.readText(); }},
             {"match",
-             [](PropertyListReader& reader, GrammarRule& rule) { rule.match.emplace(reader.readText()); }},
+             [](PropertyListReader& reader, GrammarRule& into) { into.match.emplace(reader.readText()); }},
             {"begin",
-             [](PropertyListReader& reader, GrammarRule& rule) { rule.begin.emplace(reader.readText()); }},
+             [](PropertyListReader& reader, GrammarRule& into) { into.begin.emplace(reader.readText()); }},
             {"end",
-             [](PropertyListReader& reader, GrammarRule& rule) { rule.end.emplace(reader.readText()); }},
+             [](PropertyListReader& reader, GrammarRule& into) { into.end.emplace(reader.readText()); }},
             {"contentName",
-             [](PropertyListReader& reader, GrammarRule& rule) { rule.contentName = reader.readText(); }},
+             [](PropertyListReader& reader, GrammarRule& into) { into.contentName = reader.readText(); }},
             {"captures",
-             [](PropertyListReader& reader, GrammarRule& rule) { rule.captures = reader.readCaptures(); }},
+             [](PropertyListReader& reader, GrammarRule& into) { into.captures = reader.readCaptures(); }},
             {"beginCaptures", [](PropertyListReader& reader,
-                                 GrammarRule& rule) { rule.beginCaptures = reader.readCaptures(); }},
+                                 GrammarRule& into) { into.beginCaptures = reader.readCaptures(); }},
             {"endCaptures",
-             [](PropertyListReader& reader, GrammarRule& rule) { rule.endCaptures = reader.readCaptures(); }},
+             [](PropertyListReader& reader, GrammarRule& into) { into.endCaptures = reader.readCaptures(); }},
             {"include",
-             [](PropertyListReader& reader, GrammarRule& rule) { rule.include = reader.readText(); }},
+             [](PropertyListReader& reader, GrammarRule& into) { into.include = reader.readText(); }},
             {"patterns",
-             [](PropertyListReader& reader, GrammarRule& rule) { rule.patterns = reader.readRules(); }},
+             [](PropertyListReader& reader, GrammarRule& into) { into.patterns = reader.readRules(); }},
         }};
         for (const Key& row : keys) {
             if (key == QLatin1String(row.name)) {
-                row.read(*this, rule);
+                row.take(*this, rule);
                 return true;
             }
         }
