@@ -301,6 +301,39 @@ TEST(GrammarProcessor, ComesToTheSameStateWithTheSameText)
     EXPECT_TRUE(Halvorin::TextMate::sameState(nullptr, nullptr));
 }
 
+TEST(GrammarProcessor, SettlesBehindAChangeAsSoonAsTheStateIsTheSame)
+{
+    struct Change
+    {
+        const char* text;
+        int tokenised; // lines, the changed one among them
+    };
+    Halvorin::TextMate::GrammarProcessor processor(grammarOf(strings));
+    constexpr int lineCount = 1000;
+    std::vector<Halvorin::TextMate::Continuation> ends;
+    for (int number = 0; number < lineCount; ++number) { // strings of four lines
+        const QString line = number % 4 == 0   ? QStringLiteral("\"a\n")
+                             : number % 4 == 3 ? QStringLiteral("b\"\n")
+                                               : QStringLiteral("text\n");
+        ends.push_back(processor.tokenise(line, number == 0 ? nullptr : ends.back()).takeContinuation());
+    }
+    for (const Change& change : {Change{"other\n", 1}, Change{"x\" \"y\n", 1}, Change{"x\" y\n", 2}}) {
+        Halvorin::TextMate::Continuation state = ends[500];
+        int tokenised = 0;
+        for (int number = 501; number < lineCount; ++number) {
+            const QString line = number == 501     ? QString::fromUtf8(change.text)
+                                 : number % 4 == 0 ? QStringLiteral("\"a\n")
+                                 : number % 4 == 3 ? QStringLiteral("b\"\n")
+                                                   : QStringLiteral("\"text\n");
+            state = processor.tokenise(line, state).takeContinuation();
+            ++tokenised;
+            if (sameState(state.get(), ends[static_cast<std::size_t>(number)].get()))
+                break;
+        }
+        EXPECT_EQ(tokenised, change.tokenised) << change.text;
+    }
+}
+
 TEST(GrammarProcessor, SharesAStateThatDoesNotChange)
 {
     Halvorin::TextMate::GrammarProcessor processor(grammarOf(strings));
