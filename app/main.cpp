@@ -40,6 +40,7 @@ int run(const std::vector<std::string>& commandLine)
     addRunCommand(application, action);
     addDiagramCommand(application, action);
     addLspCommand(application, action);
+    addHighlightCommand(application, action);
     for (CLI::App* command : application.get_subcommands({}))
         command->footer(command->get_footer() + "\n" + exitCodes);
 

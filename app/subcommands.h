@@ -24,5 +24,6 @@ void addUnbundleCommand(CLI::App& application, Action& action);
 void addRunCommand(CLI::App& application, Action& action);
 void addDiagramCommand(CLI::App& application, Action& action);
 void addLspCommand(CLI::App& application, Action& action);
+void addHighlightCommand(CLI::App& application, Action& action);
 
 #endif
