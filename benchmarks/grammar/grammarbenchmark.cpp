@@ -34,6 +34,7 @@ void tokeniseAll(GrammarProcessor& processor)
 void countLines(benchmark::State& state)
 {
     state.SetItemsProcessed(state.iterations() * sources().lineCount);
+    state.SetBytesProcessed(state.iterations() * sources().byteCount);
 }
 
 void tokeniseWarm(benchmark::State& state)

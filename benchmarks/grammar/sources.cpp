@@ -41,6 +41,7 @@ Sources readSources()
         sources.files.append(path);
         sources.texts.push_back(linesOf(path));
         sources.lineCount += sources.texts.back().size();
+        sources.byteCount += QFile(path).size();
     }
     return sources;
 }

@@ -12,6 +12,7 @@ struct Sources
     QStringList files;
     std::vector<QStringList> texts;
     int lineCount = 0;
+    qint64 byteCount = 0;
 };
 
 /// Read once. @throws std::runtime_error when there is no Python 3 with its library on this machine

@@ -1,5 +1,6 @@
 #include "grammar/grammar.h"
 
+#include "HalvCore/application.h"
 #include "grammar/jsongrammarreader.h"
 #include "grammar/propertylistgrammarreader.h"
 
@@ -14,6 +15,8 @@ namespace Halvorin::TextMate {
 
 namespace {
 
+const auto notAnObject = QStringLiteral("there is no object in it");
+
 struct Suffix
 {
     const char* text;
@@ -27,15 +30,52 @@ constexpr std::array<Suffix, 3> suffixes{{
     {".tmLanguage", GrammarType::PropertyList},
 }};
 
+void reportUnreadable(const QString& reason)
+{
+    System::Application::instance().logger().diagnostic(
+        "grammar", ("unable to read grammar: " + reason.toStdString()).c_str());
+}
+
+GrammarData readJson(const QByteArray& text)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (error.error != QJsonParseError::NoError)
+        reportUnreadable(error.errorString());
+    else if (!document.isObject())
+        reportUnreadable(notAnObject);
+    return readJsonGrammar(document.object());
+}
+
+GrammarData readBinary(const QByteArray& bytes)
+{
+    QCborParserError error;
+    const QCborValue value = QCborValue::fromCbor(bytes, &error);
+    if (error.error != QCborError::NoError)
+        reportUnreadable(error.errorString());
+    else if (!value.isMap())
+        reportUnreadable(notAnObject);
+    return readJsonGrammar(value.toMap().toJsonObject());
+}
+
+GrammarData readPropertyList(QIODevice& device)
+{
+    QString error;
+    GrammarData data = readPropertyListGrammar(device, error);
+    if (!error.isEmpty())
+        reportUnreadable(error);
+    return data;
+}
+
 GrammarData read(QIODevice& device, GrammarType type)
 {
     switch (type) {
     case GrammarType::Json:
-        return readJsonGrammar(QJsonDocument::fromJson(device.readAll()).object());
+        return readJson(device.readAll());
     case GrammarType::Binary:
-        return readJsonGrammar(QCborValue::fromCbor(device.readAll()).toMap().toJsonObject());
+        return readBinary(device.readAll());
     case GrammarType::PropertyList:
-        return readPropertyListGrammar(device);
+        return readPropertyList(device);
     case GrammarType::Unknown:
         break;
     }

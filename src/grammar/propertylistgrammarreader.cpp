@@ -20,9 +20,19 @@ public:
     {
         GrammarData data;
         if (m_xml.readNextStartElement() && m_xml.name() == QLatin1String("plist") &&
-            m_xml.readNextStartElement())
+            m_xml.readNextStartElement() && m_xml.name() == QLatin1String("dict"))
             readDictionary([this, &data](const QString& key) { return readGrammarKey(data, key); });
+        else if (!m_xml.hasError())
+            m_xml.raiseError(QStringLiteral("there is no dict in a plist"));
         return data;
+    }
+
+    /// What is wrong with the XML, and where; empty when nothing is.
+    QString error() const
+    {
+        return m_xml.hasError()
+                   ? QStringLiteral("%1 (line %2)").arg(m_xml.errorString()).arg(m_xml.lineNumber())
+                   : QString();
     }
 
 private:
@@ -178,9 +188,12 @@ private:
 
 } // namespace
 
-GrammarData readPropertyListGrammar(QIODevice& device)
+GrammarData readPropertyListGrammar(QIODevice& device, QString& error)
 {
-    return PropertyListReader(device).read();
+    PropertyListReader reader(device);
+    GrammarData data = reader.read();
+    error = reader.error();
+    return data;
 }
 
 } // namespace Halvorin::TextMate

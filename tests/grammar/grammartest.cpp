@@ -1,6 +1,7 @@
 #include "grammar/grammar.h"
 
 #include "grammar/grammartester.h"
+#include "support/qtcore/hostlog.h"
 #include "support/temporaryfolder.h"
 
 #include <QCborMap>
@@ -151,6 +152,37 @@ TEST_F(GrammarFile, IsEmptyWhenItCannotBeRead)
           load("g.tmLanguage", ""), load("g.json", ""), load("g.tmLanguage", cut),
           load("g.tmLanguage", "<a><dict/></a>")})
         EXPECT_TRUE(grammar.patterns().empty());
+}
+
+TEST_F(GrammarFile, SaysWhyItCannotBeRead)
+{
+    const std::string start = "diagnostic: grammar: unable to read grammar: ";
+    const std::vector<std::pair<const char*, std::string>> files{
+        {"g.json", "not JSON"},
+        {"g.json", "[]"},
+        {"g.dat", "\xff"},
+        {"g.dat", "\x80"},
+        {"g.tmLanguage", "<a"},
+        {"g.tmLanguage", "<plist><array/></plist>"},
+        {"g.tmLanguage", "<plist><dict><key>patterns</key><array>"}};
+    for (const auto& [name, content] : files) {
+        const HostLog log;
+        load(name, content);
+        ASSERT_EQ(log.lines().size(), 1U) << content;
+        EXPECT_TRUE(log.lines()[0].starts_with(start)) << log.lines()[0];
+        EXPECT_GT(log.lines()[0].size(), start.size()) << content;
+    }
+    const HostLog log;
+    load("g.json", "[]");
+    EXPECT_EQ(log.lines(), std::vector<std::string>{start + "there is no object in it"});
+}
+
+TEST_F(GrammarFile, ThatCannotBeOpenedIsEmptyWithoutAReport)
+{
+    const HostLog log;
+    EXPECT_TRUE(Grammar(QStringLiteral("/nowhere/g.json")).patterns().empty());
+    EXPECT_TRUE(load("g.txt", wholeGrammar).patterns().empty());
+    EXPECT_TRUE(log.lines().empty());
 }
 
 TEST_F(GrammarFile, HasEmptyMarkersWhereTheFileHasNone)
