@@ -61,7 +61,8 @@ ProcessResult ContentContinuationProcessorStackItem::continueProcessing(std::opt
 ProcessResult RootContinuationProcessorStackItem::continueProcessing(std::optional<int> previousEnd,
                                                                      GrammarLine& line) const
 {
-    return std::make_shared<RootProcessorStackItem>(line.rules(), previousEnd.value_or(0))->process(line);
+    return std::make_shared<RootProcessorStackItem>(line.rules().rootScopes(), previousEnd.value_or(0))
+        ->process(line);
 }
 
 } // namespace Halvorin::TextMate

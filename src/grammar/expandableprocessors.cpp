@@ -15,16 +15,17 @@ constexpr int maximumDepth = 500;
 std::shared_ptr<AbstractGrammarProcessorStackItem>
 ExpandableProcessorStackItem::nextItem(GrammarLine& line, const ResolvedRules& rules, int position)
 {
-    std::optional<RuleMatch> match = line.bestMatch(rules, position, anchor());
+    std::optional<RuleMatch> match = line.bestMatch(rules, position, anchor(), true);
+    if (match && match->rule->isBeginEnd() && depth() >= maximumDepth) {
+        line.rules().reportOnce("rules are nested too deeply");
+        match = line.bestMatch(rules, position, anchor(), false);
+    }
     if (!match)
         return nullptr;
     const auto self = std::static_pointer_cast<AbstractGrammarProcessorStackItem>(shared_from_this());
-    if (!match->rule->isBeginEnd())
-        return std::make_shared<MatchProcessorStackItem>(*std::move(match), self);
-    if (depth() < maximumDepth)
-        return std::make_shared<BeginEndProcessorStackItem>(*std::move(match), self);
-    line.rules().reportDepth();
-    return nullptr;
+    if (match->rule->isBeginEnd())
+        return std::make_shared<BeginEndProcessorStackItem>(line, *std::move(match), self);
+    return std::make_shared<MatchProcessorStackItem>(line, *std::move(match), self);
 }
 
 ExpandableProcessorStackItem::Outcome
@@ -40,9 +41,10 @@ ExpandableProcessorStackItem::processNext(GrammarLine& line, AbstractGrammarProc
     return next.length() > 0 ? Outcome::finished : Outcome::nothing;
 }
 
-ContentProcessorStackItem::ContentProcessorStackItem(const std::shared_ptr<BeginEndProcessorStackItem>& owner,
+ContentProcessorStackItem::ContentProcessorStackItem(GrammarLine& line,
+                                                     const std::shared_ptr<BeginEndProcessorStackItem>& owner,
                                                      int position)
-    : ExpandableProcessorStackItem(position, position, owner->contentScopes(), owner), m_owner(*owner)
+    : ExpandableProcessorStackItem(position, position, owner->contentScopes(line), owner), m_owner(*owner)
 {}
 
 ProcessResult ContentProcessorStackItem::process(GrammarLine& line)

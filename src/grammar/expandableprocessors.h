@@ -30,7 +30,8 @@ protected:
 class ContentProcessorStackItem : public ExpandableProcessorStackItem
 {
 public:
-    ContentProcessorStackItem(const std::shared_ptr<BeginEndProcessorStackItem>& owner, int position);
+    ContentProcessorStackItem(GrammarLine& line, const std::shared_ptr<BeginEndProcessorStackItem>& owner,
+                              int position);
 
     ProcessResult process(GrammarLine& line) override;
     std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
@@ -46,17 +47,12 @@ private:
 class RootProcessorStackItem : public ExpandableProcessorStackItem
 {
 public:
-    RootProcessorStackItem(RuleSearch& search, int position)
-        : ExpandableProcessorStackItem(0, position, search.rootScopes(), nullptr),
-          m_innerScopes(search.innerRootScopes())
+    RootProcessorStackItem(const QStringList& scopes, int position)
+        : ExpandableProcessorStackItem(0, position, scopes, nullptr)
     {}
 
     ProcessResult process(GrammarLine& line) override;
     std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
-    ScopeLists& innerScopes() override { return m_innerScopes; }
-
-private:
-    ScopeLists& m_innerScopes; // the same for all lines
 };
 
 } // namespace Halvorin::TextMate

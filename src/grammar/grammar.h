@@ -22,14 +22,7 @@ enum class GrammarType
     PropertyList = 3, ///< XML, ".tmLanguage"
 };
 
-/// The content of a TextMate grammar: rules and expressions, as far as this system acts on them. It does not
-/// change once it is loaded, and is shared by all who use it.
-///
-///     const auto grammar = std::make_shared<const Grammar>(QStringLiteral("python.tmLanguage.json"));
-///     GrammarProcessor(grammar).tokenise(QStringLiteral("x = 1\n"));
-///
-/// Loading never fails: what cannot be opened or read gives a grammar without rules, a rule with an
-/// expression that is not valid never matches.
+/// What stands in the file of a grammar, as far as this system reads it.
 struct GrammarData
 {
     QString scopeName;
@@ -42,6 +35,14 @@ struct GrammarData
     std::map<QString, GrammarRule> repository;
 };
 
+/// A TextMate grammar: rules and expressions. It does not change once it is loaded, and is shared by all who
+/// use it.
+///
+///     const auto grammar = std::make_shared<const Grammar>(QStringLiteral("python.tmLanguage.json"));
+///     GrammarProcessor(grammar).tokenise(QStringLiteral("x = 1\n"));
+///
+/// Loading never fails: what cannot be opened or read gives a grammar without rules, a rule with an
+/// expression that is not valid never matches.
 class Grammar
 {
 public:

@@ -20,125 +20,126 @@ QString wholeCharacters(QString text)
     return text;
 }
 
-} // namespace
-
-int SearchMemory::find(const RuleExpression& expression, const QString& line, int from)
+/// Puts what "begin" captured into "end", as it stands, in ascending order: \1 within \10 first. False, and
+/// the pattern as it was then, when it gets too long: what is put in may speak of later groups many times.
+bool insertCaptures(QString& pattern, const QStringList& captures)
 {
-    const SearchExpression& compiled = *expression.compiled;
-    if (!compiled.isRepeatable())
-        return compiled.find(line, from);
-    if (expression.number >= m_hits.size()) // rules are resolved when they are first tried
-        m_hits.resize(expression.number + 1);
-    Hit& hit = m_hits[expression.number];
-    if (hit.line != m_line || from < hit.from || (hit.start >= 0 && hit.start < from))
-        hit = {m_line, from, compiled.canMatch(m_units) ? compiled.find(line, from) : -1};
-    return hit.start;
+    constexpr qint64 maximum = 0x10000;
+    for (int group = 1; group < captures.size(); ++group) {
+        const QString reference = QLatin1Char('\\') + QString::number(group);
+        const QString& text = captures.at(group);
+        if (pattern.size() + qint64(pattern.count(reference)) * text.size() > maximum)
+            return false;
+        pattern.replace(reference, text);
+    }
+    return true;
 }
 
-std::vector<const ResolvedRule*>& SearchMemory::candidates(const ResolvedRules& list)
+} // namespace
+
+std::vector<const ResolvedRule*>& LineMemory::candidates(const ResolvedRules& list, const SearchedLine& line)
 {
-    if (list.number >= m_candidates.size())
+    if (list.number >= m_candidates.size()) // lists are made when they are first tried
         m_candidates.resize(list.number + 1);
     Candidates& candidates = m_candidates[list.number];
-    if (candidates.line != m_line) {
-        candidates.line = m_line;
+    if (candidates.line != line.number) {
+        candidates.line = line.number;
         candidates.rules.clear();
         for (const ResolvedRule* rule : list.rules) {
-            if (!rule->start.compiled || rule->start.compiled->canMatch(m_units))
+            if (!rule->start.fixed || rule->start.fixed->canMatch(line))
                 candidates.rules.push_back(rule);
         }
     }
     return candidates.rules;
 }
 
-GrammarLine::GrammarLine(const QString& text, RuleSearch& search, SearchMemory& memory)
-    : m_text(wholeCharacters(text)), m_search(search), m_memory(memory), m_tokens(text.size())
+GrammarLine::GrammarLine(const QString& text, RuleSearch& search, LineMemory& memory)
+    : m_line{wholeCharacters(text), UnitSet(text), memory.nextNumber()}, m_search(search), m_memory(memory),
+      m_tokens(text.size())
 {
-    m_memory.startLine(m_text);
+    m_search.scopeLists().bound();
 }
 
 QString GrammarLine::captured(const Match& match, int group) const
 {
     return match.capturedStart(group) < 0
                ? QString()
-               : m_text.mid(match.capturedStart(group), match.capturedLength(group));
+               : m_line.text.mid(match.capturedStart(group), match.capturedLength(group));
 }
 
 bool GrammarLine::match(const RuleExpression& expression, int position, int anchor,
                         const QStringList& beginCaptures, Match& match)
 {
+    if (expression.fixed)
+        return expression.fixed->match(m_line, position, match);
     if (expression.source == nullptr || expression.source->isEmpty())
         return false;
-    if (!expression.compiled)
-        return matchText(*expression.source, position, anchor, beginCaptures, match);
-    const int start = m_memory.find(expression, m_text, position);
-    if (start < 0)
-        return false;
-    return expression.compiled->match(m_text, expression.compiled->isRepeatable() ? start : position, match);
+    const std::optional<QString> text = textAt(expression, position, anchor, beginCaptures);
+    return text && m_search.lateExpression(*text).match(m_line, position, match);
 }
 
-bool GrammarLine::matchText(const AbstractGrammarExpression& expression, int position, int anchor,
-                            const QStringList& beginCaptures, Match& match)
+/// The final text of an expression that depends on where it is tried; none where it cannot match.
+std::optional<QString> GrammarLine::textAt(const RuleExpression& expression, int position, int anchor,
+                                           const QStringList& beginCaptures)
 {
-    QString pattern = expression.pattern();
-    if (expression.hasBackReference()) {
-        for (int group = 1; group < beginCaptures.size(); ++group) // in ascending order: \1 within \10 first
-            pattern.replace(QLatin1Char('\\') + QString::number(group), beginCaptures.at(group));
+    QString pattern = expression.source->pattern();
+    if (expression.speaksOfBegin && !insertCaptures(pattern, beginCaptures)) {
+        m_search.reportOnce("an expression is too long with what was captured");
+        return std::nullopt;
     }
-    if (expression.hasAnchorG() && pattern == QLatin1String("\\G") && position != anchor)
-        return false;
-    if (expression.hasAnchorG() && pattern == QLatin1String("(?!\\G)")) {
-        if (position == anchor)
-            return false;
-        pattern = QStringLiteral("(?=.*)");
-    }
-    return m_search.lateExpression(pattern).match(m_text, position, match);
+    if (!expression.source->hasAnchorG())
+        return pattern;
+    if (pattern == QLatin1String("\\G"))
+        return position == anchor ? std::optional(pattern) : std::nullopt;
+    if (pattern == QLatin1String("(?!\\G)"))
+        return position != anchor ? std::optional(QStringLiteral("(?=.*)")) : std::nullopt;
+    return pattern;
 }
 
-std::optional<RuleMatch> GrammarLine::bestMatch(const ResolvedRules& list, int position, int anchor)
+std::optional<RuleMatch> GrammarLine::bestMatch(const ResolvedRules& list, int position, int anchor,
+                                                bool mayOpen)
 {
     if (position >= length())
         return std::nullopt;
     const ResolvedRule* best = nullptr;
     int bestStart = length() + 1;
     Match bestMatch;
-    std::vector<const ResolvedRule*>& rules = m_memory.candidates(list);
+    std::vector<const ResolvedRule*>& rules = m_memory.candidates(list, m_line);
     auto kept = rules.begin();
     auto rule = rules.begin();
     while (rule != rules.end() && bestStart != position) { // nothing can be earlier
         const RuleExpression& expression = (*rule)->start;
         int start = -1;
         Match late;
-        if (expression.compiled)
-            start = m_memory.find(expression, m_text, position);
+        if (expression.fixed)
+            start = expression.fixed->find(m_line, position);
         else if (match(expression, position, anchor, {}, late))
             start = late.capturedStart(0);
-        if (start >= 0 && start < bestStart) {
+        if (start >= 0 && start < bestStart && (mayOpen || !(*rule)->isBeginEnd())) {
             best = *rule;
             bestStart = start;
             bestMatch = std::move(late);
         }
         // positions only grow in a line: what is not found now never is
-        if (start >= 0 || !expression.compiled || !expression.compiled->isRepeatable())
+        if (start >= 0 || !expression.fixed || !expression.fixed->isRepeatable())
             *kept++ = *rule;
         ++rule;
     }
     rules.erase(kept, rule);
     if (best == nullptr)
         return std::nullopt;
-    if (best->start.compiled && !match(best->start, position, anchor, {}, bestMatch))
+    if (best->start.fixed && !match(best->start, position, anchor, {}, bestMatch))
         return std::nullopt;
     return RuleMatch{best, std::move(bestMatch)};
 }
 
-void GrammarLine::addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes,
-                              ScopeLists& lists)
+void GrammarLine::addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes)
 {
     for (const auto& [group, capture] : captures) {
         if (group < 0 || group > match.lastCapturedIndex() || match.capturedStart(group) < 0)
             continue;
         m_tokens.addToken(match.capturedStart(group), match.capturedLength(group),
-                          capture.name.isEmpty() ? scopes : lists.with(scopes, capture.name));
+                          capture.name.isEmpty() ? scopes : m_search.scopeLists().with(scopes, capture.name));
     }
 }
 

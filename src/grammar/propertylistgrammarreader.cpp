@@ -19,7 +19,8 @@ public:
     GrammarData read()
     {
         GrammarData data;
-        if (m_xml.readNextStartElement() && m_xml.name() == QLatin1String("plist") &&
+        refuseEntities();
+        if (m_xml.isStartElement() && m_xml.name() == QLatin1String("plist") &&
             m_xml.readNextStartElement() && m_xml.name() == QLatin1String("dict"))
             readDictionary([this, &data](const QString& key) { return readGrammarKey(data, key); });
         else if (!m_xml.hasError())
@@ -36,6 +37,16 @@ public:
     }
 
 private:
+    /// Goes to the first element. No grammar needs entities of its own, and a few of them make a large text
+    /// of a small file.
+    void refuseEntities()
+    {
+        while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::StartElement) {
+            if (!m_xml.entityDeclarations().isEmpty())
+                m_xml.raiseError(QStringLiteral("entities are declared"));
+        }
+    }
+
     /// Reads the value of each key of a dict. `readValue` takes the element that the reader stands on and
     /// gives true, or leaves it alone.
     template <class ReadValue>

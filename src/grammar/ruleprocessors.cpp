@@ -5,27 +5,16 @@
 
 namespace Halvorin::TextMate {
 
-namespace {
-
-const QStringList& withScope(const QStringList& scopes, const std::optional<QString>& scope,
-                             ScopeLists& lists)
-{
-    return scope ? lists.with(scopes, *scope) : scopes;
-}
-
-} // namespace
-
 AbstractMatchRuleProcessorStackItem::AbstractMatchRuleProcessorStackItem(
-    RuleMatch match, const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
-    : AbstractRuleProcessorStackItem(
-          *match.rule, match.match.capturedStart(0), match.match.capturedEnd(0),
-          withScope(parent->scopes(), match.rule->rule->name, parent->innerScopes()), parent),
-      m_match(std::move(match.match)), m_ownScopes(&parent->innerScopes())
+    GrammarLine& line, RuleMatch match, const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
+    : AbstractRuleProcessorStackItem(*match.rule, match.match.capturedStart(0), match.match.capturedEnd(0),
+                                     line.scopesWith(parent->scopes(), match.rule->rule->name), parent),
+      m_match(std::move(match.match))
 {}
 
 ProcessResult MatchProcessorStackItem::process(GrammarLine& line)
 {
-    line.addCaptures(match(), rule().rule->captures, scopes(), ownScopes());
+    line.addCaptures(match(), rule().rule->captures, scopes());
     line.tokens().fillToken(start(), length(), scopes());
     return Completed{match().capturedEnd(0)};
 }
@@ -47,8 +36,8 @@ BeginEndProcessorStackItem::BeginEndProcessorStackItem(
 ProcessResult BeginEndProcessorStackItem::process(GrammarLine& line)
 {
     const GrammarRule& source = *rule().rule;
-    line.addCaptures(match(), source.beginCaptures, scopes(), ownScopes());
-    line.addCaptures(match(), source.captures, scopes(), ownScopes());
+    line.addCaptures(match(), source.beginCaptures, scopes());
+    line.addCaptures(match(), source.captures, scopes());
     if (source.end && source.end->hasBackReference()) {
         for (int group = 0; group <= match().lastCapturedIndex(); ++group)
             m_beginCaptures.append(line.captured(match(), group));
@@ -59,7 +48,7 @@ ProcessResult BeginEndProcessorStackItem::process(GrammarLine& line)
 ProcessResult BeginEndProcessorStackItem::processContent(GrammarLine& line)
 {
     const auto self = std::static_pointer_cast<BeginEndProcessorStackItem>(shared_from_this());
-    const auto content = std::make_shared<ContentProcessorStackItem>(self, end());
+    const auto content = std::make_shared<ContentProcessorStackItem>(line, self, end());
     const ProcessResult result = content->process(line);
     if (const auto* completed = std::get_if<Completed>(&result))
         return finish(line, completed->end);
@@ -74,14 +63,14 @@ ProcessResult BeginEndProcessorStackItem::finish(GrammarLine& line, int position
     TokenBuilder& tokens = line.tokens();
     Match endMatch;
     if (!line.match(rule().end, position, anchor(), m_beginCaptures, endMatch)) {
-        tokens.fillToken(anchor(), line.length() - anchor(), contentScopes());
+        tokens.fillToken(anchor(), line.length() - anchor(), contentScopes(line));
         tokens.fillToken(start(), length(), scopes());
         setEnd(line.length());
         return Continued{line.length(), makeContinuation()};
     }
-    tokens.fillToken(anchor(), endMatch.capturedStart(0) - anchor(), contentScopes());
-    line.addCaptures(endMatch, source.captures, scopes(), ownScopes());
-    line.addCaptures(endMatch, source.endCaptures, scopes(), ownScopes());
+    tokens.fillToken(anchor(), endMatch.capturedStart(0) - anchor(), contentScopes(line));
+    line.addCaptures(endMatch, source.captures, scopes());
+    line.addCaptures(endMatch, source.endCaptures, scopes());
     setEnd(endMatch.capturedEnd(0));
     tokens.fillToken(start(), length(), scopes());
     return Completed{end()};
@@ -96,9 +85,9 @@ BeginEndProcessorStackItem::makeContinuation() const
                                                                     depth(), parent()->makeContinuation());
 }
 
-const QStringList& BeginEndProcessorStackItem::contentScopes()
+const QStringList& BeginEndProcessorStackItem::contentScopes(GrammarLine& line) const
 {
-    return withScope(scopes(), rule().rule->contentName, ownScopes());
+    return line.scopesWith(scopes(), rule().rule->contentName);
 }
 
 } // namespace Halvorin::TextMate

@@ -29,30 +29,27 @@ private:
 class AbstractMatchRuleProcessorStackItem : public AbstractRuleProcessorStackItem
 {
 protected:
-    AbstractMatchRuleProcessorStackItem(RuleMatch match,
+    AbstractMatchRuleProcessorStackItem(GrammarLine& line, RuleMatch match,
                                         const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent);
     /// One that matched on an earlier line and goes on at a position.
     AbstractMatchRuleProcessorStackItem(const ResolvedRule& rule, int position, const QStringList& scopes,
                                         int depth)
-        : AbstractRuleProcessorStackItem(rule, position, position, scopes, depth),
-          m_ownScopes(&AbstractRuleProcessorStackItem::innerScopes())
+        : AbstractRuleProcessorStackItem(rule, position, position, scopes, depth)
     {}
 
     const Match& match() const { return m_match; }
-    /// The lists in which those of this item stand: another match of the rule in the same item shares them.
-    ScopeLists& ownScopes() { return *m_ownScopes; }
 
 private:
     Match m_match;
-    ScopeLists* m_ownScopes; // of the item around this one, or of this one
 };
 
 /// A rule with "match".
 class MatchProcessorStackItem : public AbstractMatchRuleProcessorStackItem
 {
 public:
-    MatchProcessorStackItem(RuleMatch match, const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
-        : AbstractMatchRuleProcessorStackItem(std::move(match), parent)
+    MatchProcessorStackItem(GrammarLine& line, RuleMatch match,
+                            const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
+        : AbstractMatchRuleProcessorStackItem(line, std::move(match), parent)
     {}
 
     ProcessResult process(GrammarLine& line) override;
@@ -65,9 +62,9 @@ class BeginEndContinuationProcessorStackItem;
 class BeginEndProcessorStackItem : public AbstractMatchRuleProcessorStackItem
 {
 public:
-    BeginEndProcessorStackItem(RuleMatch match,
+    BeginEndProcessorStackItem(GrammarLine& line, RuleMatch match,
                                const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
-        : AbstractMatchRuleProcessorStackItem(std::move(match), parent)
+        : AbstractMatchRuleProcessorStackItem(line, std::move(match), parent)
     {}
     /// The item of an earlier line, which goes on at a position.
     BeginEndProcessorStackItem(const BeginEndContinuationProcessorStackItem& continuation, int position);
@@ -80,7 +77,7 @@ public:
 
     std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
 
-    const QStringList& contentScopes();
+    const QStringList& contentScopes(GrammarLine& line) const;
     /// The texts of the groups of "begin", when "end" speaks of them.
     const QStringList& beginCaptures() const { return m_beginCaptures; }
 

@@ -9,8 +9,28 @@ namespace Halvorin::TextMate {
 
 namespace {
 
+/// Includes in includes beyond this depth give nothing: a file must not decide how deep the stack of calls
+/// is.
+constexpr int includeDepth = 1000;
+
 /// Texts of back-references come from the document: what was compiled for them must not pile up.
 constexpr int lateExpressionsKept = 256;
+
+/// The two patterns that the anchor alone decides.
+bool isAnchorAlone(const QString& pattern)
+{
+    return pattern == QLatin1String("\\G") || pattern == QLatin1String("(?!\\G)");
+}
+
+RuleExpression prepare(const AbstractGrammarExpression& expression)
+{
+    RuleExpression prepared;
+    prepared.source = &expression;
+    if (!expression.isEmpty() && !isAnchorAlone(expression.pattern()))
+        prepared.fixed =
+            std::make_unique<LineExpression>(expression.pattern(), expression.compiled() != nullptr);
+    return prepared;
+}
 
 void logDiagnostic(const QString& text)
 {
@@ -21,7 +41,7 @@ void logDiagnostic(const QString& text)
 
 /// Walks a list of patterns and what they include, and collects the rules that match by themselves. The order
 /// is that in which nested lists would be tried, and of equally early matches the first one counts there,
-/// too.
+/// too. What was included once gives nothing new.
 class RuleSearch::Collector
 {
 public:
@@ -30,9 +50,6 @@ public:
 
     void addList(const std::vector<GrammarRule>& patterns)
     {
-        // A list within a list of a file is as deep as the file; what includes go to is entered once.
-        if (!m_entered.insert(&patterns).second)
-            return;
         for (const GrammarRule& rule : patterns)
             add(rule);
     }
@@ -43,32 +60,48 @@ private:
         if (rule.begin || rule.match) {
             if (m_added.insert(&rule).second)
                 m_rules.push_back(m_search.resolve(rule));
-        } else if (!rule.include) {
-            if (rule.patterns)
-                addList(*rule.patterns);
-        } else {
+        } else if (rule.include) {
             addIncluded(*rule.include);
+        } else if (rule.patterns) {
+            addList(*rule.patterns); // as deep as the file, whose reader has a limit
         }
     }
 
     void addIncluded(const QString& include)
     {
+        if (m_depth == includeDepth)
+            return m_search.reportOnce("includes are nested too deeply");
+        ++m_depth;
         if (include == QLatin1String("$self"))
-            return addList(m_search.grammar().patterns());
-        if (!include.startsWith(QLatin1Char('#')))
-            return logDiagnostic(QStringLiteral("referencing external grammar files not supported"));
+            addSelf();
+        else if (include.startsWith(QLatin1Char('#')))
+            addNamed(include);
+        else
+            logDiagnostic(QStringLiteral("referencing external grammar files not supported"));
+        --m_depth;
+    }
+
+    void addSelf()
+    {
+        if (!std::exchange(m_hasSelf, true))
+            addList(m_search.grammar().patterns());
+    }
+
+    void addNamed(const QString& include)
+    {
         const GrammarRule* rule = m_search.grammar().rule(include.mid(1));
         if (rule == nullptr)
-            return logDiagnostic(QStringLiteral("unable to find rule: ") + include);
-        if (m_included.insert(rule).second)
+            logDiagnostic(QStringLiteral("unable to find rule: ") + include);
+        else if (m_included.insert(rule).second)
             add(*rule);
     }
 
     RuleSearch& m_search;
     std::vector<const ResolvedRule*>& m_rules;
-    std::unordered_set<const std::vector<GrammarRule>*> m_entered;
     std::unordered_set<const GrammarRule*> m_included;
     std::unordered_set<const GrammarRule*> m_added;
+    bool m_hasSelf = false;
+    int m_depth = 0;
 };
 
 RuleSearch::RuleSearch(std::shared_ptr<const Grammar> grammar)
@@ -85,20 +118,19 @@ const ResolvedRules& RuleSearch::list(const std::vector<GrammarRule>& patterns)
     return list->second;
 }
 
-const SearchExpression& RuleSearch::lateExpression(const QString& pattern)
+LineExpression& RuleSearch::lateExpression(const QString& pattern)
 {
     if (const auto found = m_late.constFind(pattern); found != m_late.constEnd())
         return **found;
     if (m_late.size() >= lateExpressionsKept)
         m_late.clear();
-    compileExpression(pattern); // reports what is wrong with it
-    return **m_late.insert(pattern, std::make_shared<SearchExpression>(pattern));
+    return **m_late.insert(pattern, std::make_shared<LineExpression>(pattern, false));
 }
 
-void RuleSearch::reportDepth()
+void RuleSearch::reportOnce(const char* text)
 {
-    if (!std::exchange(m_depthReported, true))
-        logDiagnostic(QStringLiteral("rules are nested too deeply"));
+    if (m_reported.insert(text).second)
+        logDiagnostic(QString::fromUtf8(text));
 }
 
 const ResolvedRule* RuleSearch::resolve(const GrammarRule& rule)
@@ -108,20 +140,14 @@ const ResolvedRule* RuleSearch::resolve(const GrammarRule& rule)
         resolved = std::make_unique<ResolvedRule>();
         resolved->rule = &rule;
         resolved->start = prepare(rule.begin ? *rule.begin : *rule.match);
-        if (rule.end)
+        if (rule.end) {
             resolved->end = prepare(*rule.end);
+            resolved->end.speaksOfBegin = rule.end->hasBackReference();
+            if (resolved->end.speaksOfBegin)
+                resolved->end.fixed.reset();
+        }
     }
     return resolved.get();
-}
-
-RuleExpression RuleSearch::prepare(const AbstractGrammarExpression& expression)
-{
-    RuleExpression prepared;
-    prepared.source = &expression;
-    prepared.number = m_expressionCount++;
-    if (expression.compiled() != nullptr)
-        prepared.compiled = std::make_unique<SearchExpression>(expression.pattern());
-    return prepared;
 }
 
 } // namespace Halvorin::TextMate

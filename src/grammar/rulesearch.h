@@ -2,22 +2,25 @@
 #define RULESEARCH_H
 
 #include "grammar/grammar.h"
+#include "grammar/lineexpression.h"
 #include "grammar/scopelists.h"
-#include "grammar/searchexpression.h"
 
 #include <QHash>
 #include <memory>
+#include <set>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
 namespace Halvorin::TextMate {
 
-/// An expression of a rule, ready to be searched for. One that is kept as text is compiled when it is tried.
+/// An expression of a rule, ready to be searched for.
 struct RuleExpression
 {
-    const AbstractGrammarExpression* source = nullptr;
-    std::unique_ptr<SearchExpression> compiled;
-    std::size_t number = 0; ///< counts the expressions of the grammar
+    const AbstractGrammarExpression* source = nullptr; ///< null where the rule has none
+    bool speaksOfBegin = false;                        ///< whether it is an "end" with a back-reference
+    /// Null where the text depends on what "begin" captured, or on the anchor.
+    std::unique_ptr<LineExpression> fixed;
 };
 
 /// A rule that matches by itself: one with "begin" or "match". Includes, and rules that only hold patterns,
@@ -47,9 +50,9 @@ public:
 
     const Grammar& grammar() const { return *m_grammar; }
 
-    /// The scopes of the top level, and the lists of those within it.
+    /// The scopes of the top level.
     const QStringList& rootScopes() const { return m_rootScopes; }
-    ScopeLists& innerRootScopes() { return m_innerRootScopes; }
+    ScopeLists& scopeLists() { return m_scopeLists; }
 
     const ResolvedRules& topLevel() { return list(m_grammar->patterns()); }
     /// Of the "patterns" of a rule.
@@ -57,26 +60,24 @@ public:
 
     /// An expression by its final text, kept for the next time. One that is not valid is reported as at
     /// loading.
-    const SearchExpression& lateExpression(const QString& pattern);
+    LineExpression& lateExpression(const QString& pattern);
 
-    /// Says in the log, once, that rules were nested too deeply to open more.
-    void reportDepth();
+    /// Says something in the log, once.
+    void reportOnce(const char* text);
 
 private:
     class Collector;
 
     const ResolvedRules& list(const std::vector<GrammarRule>& patterns);
     const ResolvedRule* resolve(const GrammarRule& rule);
-    RuleExpression prepare(const AbstractGrammarExpression& expression);
 
     std::shared_ptr<const Grammar> m_grammar;
     QStringList m_rootScopes;
-    ScopeLists m_innerRootScopes;
-    std::size_t m_expressionCount = 0;
+    ScopeLists m_scopeLists;
     std::unordered_map<const GrammarRule*, std::unique_ptr<ResolvedRule>> m_resolved;
     std::unordered_map<const std::vector<GrammarRule>*, ResolvedRules> m_lists;
-    QHash<QString, std::shared_ptr<SearchExpression>> m_late;
-    bool m_depthReported = false;
+    QHash<QString, std::shared_ptr<LineExpression>> m_late;
+    std::set<std::string> m_reported;
 };
 
 } // namespace Halvorin::TextMate

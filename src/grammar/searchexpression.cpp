@@ -11,6 +11,9 @@ namespace Halvorin::TextMate {
 
 namespace {
 
+/// How much of a pattern a log line shows: one that was made of captured text may be long.
+constexpr int shownLength = 200;
+
 /// What a match needs beside the expression, one set for each thread: its place for the positions grows with
 /// the expressions.
 class MatchSpace
@@ -146,13 +149,18 @@ int SearchExpression::run(const QString& line, int from) const
                m_isFast ? 0 : PCRE2_NO_UTF_CHECK, space.data(m_groups), space.context());
     if (result < PCRE2_ERROR_NOMATCH && !std::exchange(m_limitLogged, true))
         System::Application::instance().logger().diagnostic(
-            "grammar", ("an expression was given up on a long line: " + m_pattern.toStdString()).c_str());
+            "grammar",
+            ("an expression was given up on a long line: " + m_pattern.left(shownLength).toStdString())
+                .c_str());
     return result;
 }
 
 int SearchExpression::find(const QString& line, int from) const
 {
-    return run(line, from) > 0 ? static_cast<int>(matchSpace().offsets()[0]) : -1;
+    const int result = run(line, from);
+    if (result > 0)
+        return static_cast<int>(matchSpace().offsets()[0]);
+    return result < PCRE2_ERROR_NOMATCH ? limitReached : noMatch;
 }
 
 bool SearchExpression::match(const QString& line, int from, Match& match) const

@@ -79,8 +79,11 @@ public:
         return m_first.intersects(units) && m_required.intersects(units);
     }
 
-    /// The start of the first match from a position on, -1 when there is none. A search that reaches the
-    /// library's limits finds nothing, and says so in the log once an expression.
+    static constexpr int noMatch = -1;
+    static constexpr int limitReached = -2;
+
+    /// The start of the first match from a position on, or one of the two above. A search that reaches the
+    /// library's limits says so in the log once an expression.
     int find(const QString& line, int from) const;
 
     /// The same with the groups.

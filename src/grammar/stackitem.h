@@ -3,7 +3,6 @@
 
 #include "grammar/continuation.h"
 #include "grammar/grammarline.h"
-#include "grammar/scopelists.h"
 
 #include <QStringList>
 #include <memory>
@@ -64,8 +63,6 @@ public:
     const QStringList& scopes() const { return m_scopes; }
     /// How many items there are around this one.
     int depth() const { return m_depth; }
-    /// The lists of scopes of the items in this one.
-    virtual ScopeLists& innerScopes() { return m_innerScopes; }
 
 protected:
     AbstractGrammarProcessorStackItem(int start, int end, const QStringList& scopes,
@@ -86,7 +83,6 @@ protected:
 
 private:
     QStringList m_scopes;
-    ScopeLists m_innerScopes;
     int m_depth;
     std::weak_ptr<AbstractGrammarProcessorStackItem> m_parent;
 };

@@ -86,8 +86,8 @@ TEST(SearchExpression, SaysOnceThatALimitWasReached)
     const HostLog log;
     const SearchExpression expression(QStringLiteral("(?:a|aa)+$(?<=c)"));
     const QString line(5'000, QLatin1Char('a'));
-    EXPECT_EQ(expression.find(line, 0), -1);
-    EXPECT_EQ(expression.find(line, 1), -1);
+    EXPECT_EQ(expression.find(line, 0), SearchExpression::limitReached);
+    EXPECT_EQ(expression.find(line, 1), SearchExpression::limitReached);
     EXPECT_EQ(log.lines(),
               std::vector<std::string>{"diagnostic: grammar: an expression was given up on a long line: "
                                        "(?:a|aa)+$(?<=c)"});
