@@ -41,6 +41,8 @@ std::vector<std::string> formNames()
 const char* reasonAgainstGrammar(const QString& path)
 {
     const QFileInfo file(path);
+    if (path == QLatin1String("-"))
+        return "a grammar has a name: its suffix says how it is read";
     if (!file.exists())
         return "there is no such file";
     if (!file.isFile())

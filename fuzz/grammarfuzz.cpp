@@ -16,14 +16,6 @@ void check(bool holds)
         std::abort();
 }
 
-bool isSame(const std::vector<Token>& first, const std::vector<Token>& second)
-{
-    return std::equal(
-        first.begin(), first.end(), second.begin(), second.end(), [](const Token& one, const Token& other) {
-            return one.start == other.start && one.length == other.length && one.scopes == other.scopes;
-        });
-}
-
 /// Tokens stand in the line, by their start, and come out the same a second time.
 Continuation checkLine(GrammarProcessor& processor, const QString& line, const Continuation& continuation)
 {
@@ -35,7 +27,7 @@ Continuation checkLine(GrammarProcessor& processor, const QString& line, const C
         start = token.start;
     }
     TokenList again = processor.tokenise(line, continuation);
-    check(isSame(tokens.tokens(), again.tokens()));
+    check(tokens.tokens() == again.tokens());
     const Continuation next = tokens.takeContinuation();
     check(sameState(next.get(), again.takeContinuation().get()));
     return next;

@@ -3,7 +3,8 @@
 QString withoutControls(QString text, QChar replacement)
 {
     for (QChar& character : text) {
-        if (character.category() == QChar::Other_Control && character != QLatin1Char('\t'))
+        const bool isControl = character.category() == QChar::Other_Control && character != QLatin1Char('\t');
+        if (isControl || character.isNonCharacter())
             character = replacement;
     }
     return text;

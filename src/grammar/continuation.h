@@ -15,8 +15,8 @@ struct Completed;
 struct Continued;
 
 /// What is open at the end of a line: the innermost item, and through parent() all around it. It holds no
-/// text of the line beyond what a back-reference of "end" needs. It does not change, and lines share it while
-/// nothing opens or closes.
+/// text of the line but that of groups of "begin", where "end" speaks of groups. It does not change, and
+/// lines share it while nothing opens or closes.
 class AbstractContinuationProcessorStackItem
     : public std::enable_shared_from_this<AbstractContinuationProcessorStackItem>
 {

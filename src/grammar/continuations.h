@@ -51,7 +51,8 @@ public:
 
     ProcessResult continueProcessing(std::optional<int> previousEnd, GrammarLine& line) const override;
 
-    /// Their texts, the whole match first; none when "end" does not speak of them.
+    /// The texts of groups from 1 on, behind an empty one for the whole match; none when "end" speaks of no
+    /// group.
     const QStringList& beginCaptures() const { return m_beginCaptures; }
 
     bool isLike(const AbstractContinuationProcessorStackItem& other) const override;

@@ -66,12 +66,10 @@ ProcessResult ContentProcessorStackItem::process(GrammarLine& line)
     return Completed{end()};
 }
 
-bool ContentProcessorStackItem::endsBefore(GrammarLine& line,
-                                           const AbstractGrammarProcessorStackItem& next) const
+bool ContentProcessorStackItem::endsBefore(GrammarLine& line, const AbstractGrammarProcessorStackItem& next)
 {
     Match match;
-    return line.match(m_owner.rule().end, end(), anchor(), m_owner.beginCaptures(), match) &&
-           next.start() >= match.capturedStart(0);
+    return m_owner.matchEnd(line, end(), match) && next.start() >= match.capturedStart(0);
 }
 
 std::shared_ptr<const AbstractContinuationProcessorStackItem>

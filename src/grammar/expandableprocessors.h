@@ -38,9 +38,9 @@ public:
 
 private:
     /// Whether "end" stands before the next item, or where it starts.
-    bool endsBefore(GrammarLine& line, const AbstractGrammarProcessorStackItem& next) const;
+    bool endsBefore(GrammarLine& line, const AbstractGrammarProcessorStackItem& next);
 
-    const BeginEndProcessorStackItem& m_owner; // it stands as long as this item does
+    BeginEndProcessorStackItem& m_owner; // it stands as long as this item does
 };
 
 /// The top level of the grammar.

@@ -1,6 +1,6 @@
 #include "grammar/grammar.h"
 
-#include "HalvCore/application.h"
+#include "grammar/grammarlog.h"
 #include "grammar/jsongrammarreader.h"
 #include "grammar/propertylistgrammarreader.h"
 
@@ -32,8 +32,7 @@ constexpr std::array<Suffix, 3> suffixes{{
 
 void reportUnreadable(const QString& reason)
 {
-    System::Application::instance().logger().diagnostic(
-        "grammar", ("unable to read grammar: " + reason.toStdString()).c_str());
+    logDiagnostic(QStringLiteral("unable to read grammar: ") + reason);
 }
 
 GrammarData readJson(const QByteArray& text)

@@ -47,10 +47,8 @@ public:
     TokenBuilder& tokens() { return m_tokens; }
     QString captured(const Match& match, int group) const;
 
-    /// Matches an expression at or behind a position. `anchor` is what \G speaks of, `beginCaptures` what the
-    /// groups of "begin" captured.
-    bool match(const RuleExpression& expression, int position, int anchor, const QStringList& beginCaptures,
-               Match& match);
+    /// Matches an expression at or behind a position. `anchor` is what \G speaks of.
+    bool match(const PreparedExpression& expression, int position, int anchor, Match& match);
 
     /// The match with the lowest start at or behind a position; the first rule in the list of equal ones.
     /// @param mayOpen whether rules with "begin" are tried, too
@@ -66,9 +64,6 @@ public:
     }
 
 private:
-    std::optional<QString> textAt(const RuleExpression& expression, int position, int anchor,
-                                  const QStringList& beginCaptures);
-
     SearchedLine m_line;
     RuleSearch& m_search;
     LineMemory& m_memory;

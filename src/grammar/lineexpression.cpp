@@ -7,20 +7,20 @@ namespace Halvorin::TextMate {
 int LineExpression::find(const SearchedLine& line, int from)
 {
     const bool isKnown = m_line == line.number;
-    if (isKnown && m_isGivenUp)
+    if (isKnown && m_hit.isGivenUp)
         return -1;
-    if (isKnown && isRepeatable() && from >= m_from && (m_start < 0 || m_start >= from))
-        return m_start;
+    if (isKnown && isRepeatable() && from >= m_from && (m_hit.start < 0 || m_hit.attempt >= from))
+        return m_hit.start;
     m_line = line.number;
     m_from = from;
-    m_start = search(line, from);
-    return m_start;
+    m_hit = canMatch(line) ? expression().find(line.text, from) : SearchExpression::Hit();
+    return m_hit.start;
 }
 
 bool LineExpression::match(const SearchedLine& line, int from, Match& match)
 {
-    const int start = find(line, from);
-    return start >= 0 && expression().match(line.text, isRepeatable() ? start : from, match);
+    return find(line, from) >= 0 &&
+           expression().match(line.text, isRepeatable() ? m_hit.attempt : from, match);
 }
 
 const SearchExpression& LineExpression::expression()
@@ -31,13 +31,6 @@ const SearchExpression& LineExpression::expression()
         m_expression.emplace(m_pattern);
     }
     return *m_expression;
-}
-
-int LineExpression::search(const SearchedLine& line, int from)
-{
-    const int start = canMatch(line) ? expression().find(line.text, from) : SearchExpression::noMatch;
-    m_isGivenUp = start == SearchExpression::limitReached;
-    return m_isGivenUp ? -1 : start;
 }
 
 } // namespace Halvorin::TextMate

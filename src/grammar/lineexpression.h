@@ -27,7 +27,7 @@ public:
 
     /// Whether a line may have a match.
     bool canMatch(const SearchedLine& line) { return expression().canMatch(line.units); }
-    /// Whether no match from one place means none from further right.
+    /// Whether no match from one place means none from further right in the line.
     bool isRepeatable() { return expression().isRepeatable(); }
 
     /// The start of the first match from a position on, -1 when there is none.
@@ -37,7 +37,6 @@ public:
 
 private:
     const SearchExpression& expression();
-    int search(const SearchedLine& line, int from);
 
     QString m_pattern;
     bool m_isReported;
@@ -45,8 +44,7 @@ private:
 
     unsigned m_line = 0; // of which the rest speaks
     int m_from = 0;
-    int m_start = 0;
-    bool m_isGivenUp = false;
+    SearchExpression::Hit m_hit;
 };
 
 } // namespace Halvorin::TextMate

@@ -76,6 +76,16 @@ private:
             readElement();
     }
 
+    /// A value that is no text is an empty expression, which matches nothing.
+    template <class Expression>
+    Expression readExpression()
+    {
+        if (m_xml.name() == QLatin1String("string"))
+            return Expression(readText());
+        m_xml.skipCurrentElement();
+        return Expression();
+    }
+
     QString readText() { return m_xml.readElementText(QXmlStreamReader::SkipChildElements); }
 
     bool readGrammarKey(GrammarData& data, const QString& key)
@@ -132,12 +142,12 @@ private:
 
         static constexpr std::array<Key, 10> keys{{
             {"name", [](PropertyListReader& reader, GrammarRule& into) { into.name = reader.readText(); }},
-            {"match",
-             [](PropertyListReader& reader, GrammarRule& into) { into.match.emplace(reader.readText()); }},
-            {"begin",
-             [](PropertyListReader& reader, GrammarRule& into) { into.begin.emplace(reader.readText()); }},
-            {"end",
-             [](PropertyListReader& reader, GrammarRule& into) { into.end.emplace(reader.readText()); }},
+            {"match", [](PropertyListReader& reader,
+                         GrammarRule& into) { into.match = reader.readExpression<GrammarExpression>(); }},
+            {"begin", [](PropertyListReader& reader,
+                         GrammarRule& into) { into.begin = reader.readExpression<GrammarExpression>(); }},
+            {"end", [](PropertyListReader& reader,
+                       GrammarRule& into) { into.end = reader.readExpression<EndGrammarExpression>(); }},
             {"contentName",
              [](PropertyListReader& reader, GrammarRule& into) { into.contentName = reader.readText(); }},
             {"captures",

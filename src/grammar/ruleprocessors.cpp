@@ -38,8 +38,9 @@ ProcessResult BeginEndProcessorStackItem::process(GrammarLine& line)
     const GrammarRule& source = *rule().rule;
     line.addCaptures(match(), source.beginCaptures, scopes());
     line.addCaptures(match(), source.captures, scopes());
-    if (source.end && source.end->hasBackReference()) {
-        for (int group = 0; group <= match().lastCapturedIndex(); ++group)
+    if (rule().endSpeaksOfBegin()) {
+        m_beginCaptures.append(QString()); // nothing speaks of the whole match
+        for (int group = 1; group <= match().lastCapturedIndex(); ++group)
             m_beginCaptures.append(line.captured(match(), group));
     }
     return processContent(line);
@@ -56,13 +57,20 @@ ProcessResult BeginEndProcessorStackItem::processContent(GrammarLine& line)
     return result; // it has the continuation of all that is around the innermost item, this one among it
 }
 
+bool BeginEndProcessorStackItem::matchEnd(GrammarLine& line, int position, Match& match)
+{
+    if (!m_end)
+        m_end = rule().endSpeaksOfBegin() ? line.rules().endOf(rule(), m_beginCaptures) : rule().end;
+    return line.match(*m_end, position, anchor(), match);
+}
+
 ProcessResult BeginEndProcessorStackItem::finish(GrammarLine& line, int position)
 {
     setEnd(position);
     const GrammarRule& source = *rule().rule;
     TokenBuilder& tokens = line.tokens();
     Match endMatch;
-    if (!line.match(rule().end, position, anchor(), m_beginCaptures, endMatch)) {
+    if (!matchEnd(line, position, endMatch)) {
         tokens.fillToken(anchor(), line.length() - anchor(), contentScopes(line));
         tokens.fillToken(start(), length(), scopes());
         setEnd(line.length());

@@ -72,18 +72,19 @@ public:
     ProcessResult process(GrammarLine& line) override;
     /// Runs the content from the item's end on, then looks for "end".
     ProcessResult processContent(GrammarLine& line);
+    /// Whether "end" matches at or behind a position.
+    bool matchEnd(GrammarLine& line, int position, Match& match);
     /// Looks for "end" from a position on.
     ProcessResult finish(GrammarLine& line, int position);
 
     std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
 
     const QStringList& contentScopes(GrammarLine& line) const;
-    /// The texts of the groups of "begin", when "end" speaks of them.
-    const QStringList& beginCaptures() const { return m_beginCaptures; }
 
 private:
     std::shared_ptr<const AbstractContinuationProcessorStackItem> m_continuation; ///< of the earlier line
-    QStringList m_beginCaptures;
+    QStringList m_beginCaptures; ///< the texts of the groups of "begin", when "end" speaks of them
+    std::optional<PreparedExpression> m_end; ///< with them
 };
 
 } // namespace Halvorin::TextMate

@@ -1,6 +1,6 @@
 #include "grammar/rulesearch.h"
 
-#include "HalvCore/application.h"
+#include "grammar/grammarlog.h"
 
 #include <unordered_set>
 #include <utility>
@@ -14,27 +14,41 @@ namespace {
 constexpr int includeDepth = 1000;
 
 /// Texts of back-references come from the document: what was compiled for them must not pile up.
-constexpr int lateExpressionsKept = 256;
+constexpr int endsKept = 256;
 
-/// The two patterns that the anchor alone decides.
-bool isAnchorAlone(const QString& pattern)
+/// @param hasAnchorG of the expression in the grammar
+PreparedExpression prepare(const QString& pattern, bool hasAnchorG, bool isReported)
 {
-    return pattern == QLatin1String("\\G") || pattern == QLatin1String("(?!\\G)");
+    const auto make = [isReported](const QString& text) {
+        return std::make_shared<LineExpression>(text, isReported);
+    };
+    if (hasAnchorG && pattern == QLatin1String("\\G"))
+        return {make(pattern), AnchorForm::atAnchor};
+    if (hasAnchorG && pattern == QLatin1String("(?!\\G)"))
+        return {make(QStringLiteral("(?=.*)")), AnchorForm::elsewhere};
+    return {make(pattern), AnchorForm::anywhere};
 }
 
-RuleExpression prepare(const AbstractGrammarExpression& expression)
+PreparedExpression prepare(const AbstractGrammarExpression& expression)
 {
-    RuleExpression prepared;
-    prepared.source = &expression;
-    if (!expression.isEmpty() && !isAnchorAlone(expression.pattern()))
-        prepared.fixed =
-            std::make_unique<LineExpression>(expression.pattern(), expression.compiled() != nullptr);
-    return prepared;
+    if (expression.isEmpty())
+        return {};
+    return prepare(expression.pattern(), expression.hasAnchorG(), expression.compiled() != nullptr);
 }
 
-void logDiagnostic(const QString& text)
+/// Puts what "begin" captured into "end", as it stands, in ascending order: \1 within \10 first. False when
+/// it gets too long: what is put in may speak of later groups many times.
+bool insertCaptures(QString& pattern, const QStringList& captures)
 {
-    System::Application::instance().logger().diagnostic("grammar", text.toUtf8().constData());
+    constexpr qint64 maximum = 0x4000; // PCRE2 would take twice as much
+    for (int group = 1; group < captures.size(); ++group) {
+        const QString reference = QLatin1Char('\\') + QString::number(group);
+        const QString& text = captures.at(group);
+        if (pattern.size() + qint64(pattern.count(reference)) * text.size() > maximum)
+            return false;
+        pattern.replace(reference, text);
+    }
+    return true;
 }
 
 } // namespace
@@ -118,13 +132,18 @@ const ResolvedRules& RuleSearch::list(const std::vector<GrammarRule>& patterns)
     return list->second;
 }
 
-LineExpression& RuleSearch::lateExpression(const QString& pattern)
+PreparedExpression RuleSearch::endOf(const ResolvedRule& rule, const QStringList& beginCaptures)
 {
-    if (const auto found = m_late.constFind(pattern); found != m_late.constEnd())
-        return **found;
-    if (m_late.size() >= lateExpressionsKept)
-        m_late.clear();
-    return **m_late.insert(pattern, std::make_shared<LineExpression>(pattern, false));
+    QString pattern = rule.rule->end->pattern();
+    if (!insertCaptures(pattern, beginCaptures)) {
+        reportOnce("an expression is too long with what was captured");
+        return {};
+    }
+    if (const auto found = m_ends.constFind(pattern); found != m_ends.constEnd())
+        return *found;
+    if (m_ends.size() >= endsKept)
+        m_ends.clear();
+    return *m_ends.insert(pattern, prepare(pattern, rule.rule->end->hasAnchorG(), false));
 }
 
 void RuleSearch::reportOnce(const char* text)
@@ -140,12 +159,8 @@ const ResolvedRule* RuleSearch::resolve(const GrammarRule& rule)
         resolved = std::make_unique<ResolvedRule>();
         resolved->rule = &rule;
         resolved->start = prepare(rule.begin ? *rule.begin : *rule.match);
-        if (rule.end) {
+        if (rule.end && !resolved->endSpeaksOfBegin())
             resolved->end = prepare(*rule.end);
-            resolved->end.speaksOfBegin = rule.end->hasBackReference();
-            if (resolved->end.speaksOfBegin)
-                resolved->end.fixed.reset();
-        }
     }
     return resolved.get();
 }

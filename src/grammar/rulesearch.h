@@ -14,13 +14,25 @@
 
 namespace Halvorin::TextMate {
 
-/// An expression of a rule, ready to be searched for.
-struct RuleExpression
+/// Where the anchor lets an expression match.
+enum class AnchorForm
 {
-    const AbstractGrammarExpression* source = nullptr; ///< null where the rule has none
-    bool speaksOfBegin = false;                        ///< whether it is an "end" with a back-reference
-    /// Null where the text depends on what "begin" captured, or on the anchor.
-    std::unique_ptr<LineExpression> fixed;
+    anywhere,
+    atAnchor,  ///< \G alone
+    elsewhere, ///< (?!\G) alone
+};
+
+/// An expression by its final text, ready to be searched for.
+struct PreparedExpression
+{
+    std::shared_ptr<LineExpression> expression; ///< null where nothing matches
+    AnchorForm form = AnchorForm::anywhere;
+
+    bool isAllowed(int position, int anchor) const
+    {
+        return expression &&
+               (form == AnchorForm::anywhere || (form == AnchorForm::atAnchor) == (position == anchor));
+    }
 };
 
 /// A rule that matches by itself: one with "begin" or "match". Includes, and rules that only hold patterns,
@@ -28,10 +40,11 @@ struct RuleExpression
 struct ResolvedRule
 {
     const GrammarRule* rule = nullptr;
-    RuleExpression start; ///< of "begin", or of "match"
-    RuleExpression end;   ///< without a source when the rule has no "end"
+    PreparedExpression start; ///< of "begin", or of "match"
+    PreparedExpression end;   ///< of an "end" that does not speak of groups of "begin"
 
     bool isBeginEnd() const { return rule->begin.has_value(); }
+    bool endSpeaksOfBegin() const { return rule->end && rule->end->hasBackReference(); }
 };
 
 /// A list of rules, in the order in which they are tried.
@@ -58,9 +71,9 @@ public:
     /// Of the "patterns" of a rule.
     const ResolvedRules& patternsOf(const GrammarRule& rule) { return list(*rule.patterns); }
 
-    /// An expression by its final text, kept for the next time. One that is not valid is reported as at
-    /// loading.
-    LineExpression& lateExpression(const QString& pattern);
+    /// "end" with what the groups of "begin" captured, kept for the next time. One that is not valid is
+    /// reported as at loading.
+    PreparedExpression endOf(const ResolvedRule& rule, const QStringList& beginCaptures);
 
     /// Says something in the log, once.
     void reportOnce(const char* text);
@@ -76,7 +89,7 @@ private:
     ScopeLists m_scopeLists;
     std::unordered_map<const GrammarRule*, std::unique_ptr<ResolvedRule>> m_resolved;
     std::unordered_map<const std::vector<GrammarRule>*, ResolvedRules> m_lists;
-    QHash<QString, std::shared_ptr<LineExpression>> m_late;
+    QHash<QString, PreparedExpression> m_ends;
     std::set<std::string> m_reported;
 };
 

@@ -1,6 +1,6 @@
 #include "grammar/searchexpression.h"
 
-#include "HalvCore/application.h"
+#include "grammar/grammarlog.h"
 
 #include <utility>
 
@@ -47,6 +47,7 @@ public:
     }
 
     const PCRE2_SIZE* offsets() const { return pcre2_get_ovector_pointer_16(m_data); }
+    int attempt() const { return static_cast<int>(pcre2_get_startchar_16(m_data)); }
 
 private:
     // what Qt gives its own matches
@@ -96,8 +97,7 @@ void SearchExpression::Free::operator()(pcre2_real_code_16* code) const
 
 SearchExpression::SearchExpression(const QString& pattern)
     : m_pattern(pattern),
-      m_isRepeatable(!pattern.contains(QLatin1String("\\K")) && !pattern.contains(QLatin1String("(*")) &&
-                     !pattern.contains(QLatin1String("\\G")))
+      m_isRepeatable(!pattern.contains(QLatin1String("(*")) && !pattern.contains(QLatin1String("\\G")))
 {
     int error = 0;
     PCRE2_SIZE offset = 0;
@@ -148,19 +148,22 @@ int SearchExpression::run(const QString& line, int from) const
         search(m_code.get(), units(line), static_cast<PCRE2_SIZE>(line.size()), static_cast<PCRE2_SIZE>(from),
                m_isFast ? 0 : PCRE2_NO_UTF_CHECK, space.data(m_groups), space.context());
     if (result < PCRE2_ERROR_NOMATCH && !std::exchange(m_limitLogged, true))
-        System::Application::instance().logger().diagnostic(
-            "grammar",
-            ("an expression was given up on a long line: " + m_pattern.left(shownLength).toStdString())
-                .c_str());
+        logDiagnostic(QStringLiteral("an expression was given up on a long line: ") +
+                      m_pattern.left(shownLength));
+    if (result > 0) {
+        const PCRE2_SIZE* const offsets = space.offsets();
+        if (offsets[0] < static_cast<PCRE2_SIZE>(from) || offsets[1] < offsets[0])
+            return PCRE2_ERROR_NOMATCH; // a subroutine can move the start to wherever it likes
+    }
     return result;
 }
 
-int SearchExpression::find(const QString& line, int from) const
+SearchExpression::Hit SearchExpression::find(const QString& line, int from) const
 {
     const int result = run(line, from);
-    if (result > 0)
-        return static_cast<int>(matchSpace().offsets()[0]);
-    return result < PCRE2_ERROR_NOMATCH ? limitReached : noMatch;
+    if (result <= 0)
+        return {.isGivenUp = result < PCRE2_ERROR_NOMATCH};
+    return {static_cast<int>(matchSpace().offsets()[0]), matchSpace().attempt(), false};
 }
 
 bool SearchExpression::match(const QString& line, int from, Match& match) const

@@ -69,8 +69,8 @@ public:
 
     bool isValid() const { return m_code != nullptr; }
 
-    /// Whether a hit behind a position is the hit of each search from there to it. It is not where the
-    /// expression moves the start of its match, or steers the search.
+    /// Whether a hit is the hit of each search from nearer to it, and a miss one of each search from behind.
+    /// It is not where the expression steers the search, or speaks of where it starts.
     bool isRepeatable() const { return m_isRepeatable; }
 
     /// False when no line of these units has a match.
@@ -79,12 +79,17 @@ public:
         return m_first.intersects(units) && m_required.intersects(units);
     }
 
-    static constexpr int noMatch = -1;
-    static constexpr int limitReached = -2;
+    struct Hit
+    {
+        int start = -1;   ///< of the match; -1 when there is none
+        int attempt = -1; ///< where the library began to match: \K moves the start behind it
+        bool isGivenUp = false;
+    };
 
-    /// The start of the first match from a position on, or one of the two above. A search that reaches the
-    /// library's limits says so in the log once an expression.
-    int find(const QString& line, int from) const;
+    /// The first match from a position on. A search that reaches the library's limits is given up, which is
+    /// said in the log once an expression. A start that the expression moved in front of the position is no
+    /// match, nor is one that it moved behind its end.
+    Hit find(const QString& line, int from) const;
 
     /// The same with the groups.
     bool match(const QString& line, int from, Match& match) const;

@@ -136,6 +136,21 @@ TEST(GrammarProcessor, GoesOnAroundAnItemThatEndsAtTheStartOfALine)
     EXPECT_EQ(tokenise(">1\n"), (Texts{"0+1 root", "1+1 root n", "2+1 root"}));
 }
 
+TEST(GrammarProcessor, NestsRegions250Deep)
+{
+    for (const auto& [depth, isWhole] : {std::pair(250, true), std::pair(251, false)}) {
+        Tokeniser tokenise(
+            R"json("patterns": [{"include": "#group"}], "repository": {"group": {"begin": "\\(", "end": "\\)", "name": "g",
+            "patterns": [{"include": "#group"}]}})json");
+        std::string line(static_cast<std::size_t>(depth), '(');
+        line.append(static_cast<std::size_t>(depth), ')');
+        line.push_back('\n');
+        const Texts tokens = tokenise(line.c_str());
+        // one bracket too many closes the group around it, and its own closing one stands outside
+        EXPECT_EQ(tokens.back(), isWhole ? "500+1 root" : "501+2 root") << depth;
+    }
+}
+
 TEST(GrammarProcessor, TriesAllOtherRulesWhereNoMoreMayOpen)
 {
     Tokeniser tokenise(

@@ -23,7 +23,7 @@ constexpr auto wholeGrammar = R"json({
          "endCaptures": {"0": {"name": "close"}}, "patterns": [{"include": "$self"}]}]}}})json";
 
 constexpr auto wholePropertyList = R"xml(<?xml version="1.0" encoding="UTF-8"?>
-<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
+<!DOCTYPE plist>
 <plist version="1.0"><dict>
   <key>name</key><string>Test</string>
   <key>scopeName</key><string>source.test</string>

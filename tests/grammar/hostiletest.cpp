@@ -111,7 +111,7 @@ TEST(HostileGrammar, WithAnExpressionThatTakesTooLongLosesTheRuleOnly)
     const HostLog log;
     Tokeniser tokenise(
         R"json("patterns": [{"match": "(?:a|aa)+$(?<=c)", "name": "slow"}, {"match": "b", "name": "b"}])json");
-    EXPECT_EQ(tokenise((std::string(3'000, 'a') + "b\n").c_str()),
+    EXPECT_EQ(tokenise((QString(3'000, QLatin1Char('a')) + QLatin1String("b\n")).toUtf8()),
               (Texts{"0+3000 root", "3000+1 root b", "3001+1 root"}));
     EXPECT_EQ(log.lines(),
               Texts{"diagnostic: grammar: an expression was given up on a long line: (?:a|aa)+$(?<=c)"});
@@ -123,4 +123,64 @@ TEST(HostileGrammar, WithRulesThatMatchNothingStopsTheLine)
         R"json("patterns": [{"begin": "", "end": "", "name": "e"}, {"match": "", "name": "n"}])json");
     EXPECT_EQ(tokenise("ab\n"), Texts{"0+3 root"});
     EXPECT_EQ(tokenise("ab\n"), Texts{"0+3 root"});
+}
+
+TEST(HostileGrammar, ThatMovesStartsWhereverItLikesComesToAnEnd)
+{
+    Tokeniser back(R"json("patterns": [{"match": "(?<=(?1))(?(DEFINE)(\\Ka))", "name": "back"}])json");
+    EXPECT_EQ(back("aaaa\n"), Texts{"0+5 root"});
+    Tokeniser forth(
+        R"json("patterns": [{"match": "(?=(?1))a(?(DEFINE)(aa\\K))", "captures": {"0": {"name": "c"}}}])json");
+    EXPECT_EQ(forth("aaaa\n"), Texts{"0+5 root"});
+}
+
+TEST(HostileGrammar, WithNumbersThatNoGroupHasGivesThemNothing)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"match": "(a)", "captures": {"-1": {"name": "m"}, "99": {"name": "n"},
+        "1": {"name": "one"}}}])json");
+    EXPECT_EQ(tokenise("a\n"), (Texts{"0+1 root one", "1+1 root"}));
+}
+
+TEST(HostileGrammar, WithAnExpressionThatIsNoTextLosesTheRuleOnly)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"match": null}, {"match": [], "name": "l"}, {"begin": 5, "end": "x"},
+        {"match": "x", "name": "x"}])json");
+    EXPECT_EQ(tokenise("ax\n"), (Texts{"0+1 root", "1+1 root x", "2+1 root"}));
+}
+
+TEST(HostileGrammar, CannotSteerATerminalThroughTheLog)
+{
+    const HostLog log;
+    Tokeniser tokenise(R"json("patterns": [{"include": "#\u001b[31mred\u0007\nforged: line"}])json");
+    tokenise("a\n");
+    EXPECT_EQ(log.lines(), Texts{"diagnostic: grammar: unable to find rule: #?[31mred??forged: line"});
+}
+
+TEST(HostileText, MayHoldAMovedStartFarAway)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"match": "x\\Ky", "name": "y"}, {"match": "a", "name": "a"}])json");
+    const QString line = QString(200'000, QLatin1Char('a')) + QStringLiteral("xy\n");
+    const Texts tokens = tokenise(line.toUtf8());
+    ASSERT_EQ(tokens.size(), 200'003U);
+    EXPECT_EQ(tokens[200'001], "200001+1 root y");
+}
+
+TEST(HostileText, MayBeCapturedAtLength)
+{
+    Tokeniser tokenise(
+        R"json("patterns": [{"begin": "<(\\w+)", "end": "\\1>", "patterns": [{"match": "b", "name": "b"}]}])json");
+    const QString name(10'000, QLatin1Char('a'));
+    const QString line = QLatin1Char('<') + name + QString(200'000, QLatin1Char('b')) + QLatin1Char(' ') +
+                         name + QLatin1String(">\n");
+    tokenise(line.toUtf8());
+    EXPECT_TRUE(tokenise.isOpen()); // the captured word has the b in it
+    Tokeniser blanks(
+        R"json("patterns": [{"begin": "<(\\w+)", "end": "\\1>", "patterns": [{"match": " ", "name": "b"}]}])json");
+    const QString spaced =
+        QLatin1Char('<') + name + QString(200'000, QLatin1Char(' ')) + name + QLatin1String(">\n");
+    blanks(spaced.toUtf8());
+    EXPECT_FALSE(blanks.isOpen());
 }

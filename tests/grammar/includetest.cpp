@@ -1,6 +1,7 @@
 // What an "include" stands for.
 
 #include "grammar/grammartester.h"
+#include "support/concatenated.h"
 #include "support/qtcore/hostlog.h"
 
 TEST(Include, OfSelfIsTheWholeGrammar)
@@ -47,16 +48,30 @@ TEST(Include, OfSelfWithinTheTopLevelIsTriedWhereItStands)
     EXPECT_EQ(tokenise("a\n"), (Texts{"0+1 root top", "1+1 root"}));
 }
 
+namespace {
+
+/// Rules r0 to r(count - 1), of which each includes the next one, and the last one matches an "a".
+std::string chainOfIncludes(int count)
+{
+    std::string repository;
+    for (int rule = 0; rule + 1 < count; ++rule)
+        repository += concatenated({"\"r", std::to_string(rule), R"(": {"patterns": [{"include": "#r)",
+                                    std::to_string(rule + 1), "\"}]},"});
+    return concatenated(
+        {R"("patterns": [{"include": "#r0"}, {"match": "a", "name": "near"}], "repository": {)", repository,
+         "\"r", std::to_string(count - 1), R"(": {"match": "a", "name": "far"}})"});
+}
+
+} // namespace
+
 TEST(Include, InIncludesEndsSomewhere)
 {
-    const HostLog log;
-    std::string repository;
-    for (int rule = 0; rule < 100'000; ++rule)
-        repository += "\"r" + std::to_string(rule) + R"(": {"patterns": [{"include": "#r)" +
-                      std::to_string(rule + 1) + "\"}]},";
-    Tokeniser tokenise(
-        R"json("patterns": [{"include": "#r0"}, {"match": "a", "name": "a"}], "repository": {)json" +
-        repository + R"json("r100000": {"match": "a", "name": "far"}})json");
-    EXPECT_EQ(tokenise("a\n"), (Texts{"0+1 root a", "1+1 root"}));
-    EXPECT_EQ(log.lines(), Texts{"diagnostic: grammar: includes are nested too deeply"});
+    for (const auto& [count, name] :
+         {std::pair(1'000, "far"), std::pair(1'001, "near"), std::pair(100'000, "near")}) {
+        const HostLog log;
+        Tokeniser tokenise(chainOfIncludes(count));
+        EXPECT_EQ(tokenise("a\n"), (Texts{concatenated({"0+1 root ", name}), "1+1 root"})) << count;
+        EXPECT_EQ(log.lines(),
+                  count > 1'000 ? Texts{"diagnostic: grammar: includes are nested too deeply"} : Texts());
+    }
 }

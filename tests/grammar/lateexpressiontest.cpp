@@ -143,3 +143,14 @@ TEST(Limit, IsReachedOnceInALine)
     EXPECT_EQ(log.lines(),
               Texts{"diagnostic: grammar: an expression was given up on a long line: (a|aa)+$(?<=c)\\1"});
 }
+
+TEST(Limit, OfAnEndIsBehindWhatIsUsual)
+{
+    for (const auto& [length, closes] : {std::pair(16'000, true), std::pair(17'000, false)}) {
+        Tokeniser tokenise(R"json("patterns": [{"begin": "<(a+)", "end": "\\1>"}])json");
+        const QByteArray word(length, 'a');
+        tokenise("<" + word + "\n");
+        tokenise(word + ">\n");
+        EXPECT_EQ(tokenise.isOpen(), !closes) << length;
+    }
+}

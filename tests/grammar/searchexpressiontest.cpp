@@ -49,7 +49,7 @@ TEST(SearchExpression, FindsWhatARegularExpressionOfQtFinds)
         const QRegularExpressionMatch expected = QRegularExpression(pattern).match(line);
         Match match;
         ASSERT_EQ(expression.match(line, 0, match), expected.hasMatch()) << pattern.toStdString();
-        ASSERT_EQ(expression.find(line, 0), expected.capturedStart()) << pattern.toStdString();
+        ASSERT_EQ(expression.find(line, 0).start, expected.capturedStart()) << pattern.toStdString();
         if (!expected.hasMatch())
             continue;
         // never passed over because of the characters of the line
@@ -76,7 +76,7 @@ TEST(SearchExpression, NeverMatchesWhenItIsNotValid)
     const SearchExpression expression(QStringLiteral("(a"));
     Match match;
     EXPECT_FALSE(expression.isValid());
-    EXPECT_EQ(expression.find(QStringLiteral("(a"), 0), -1);
+    EXPECT_EQ(expression.find(QStringLiteral("(a"), 0).start, -1);
     EXPECT_FALSE(expression.match(QStringLiteral("(a"), 0, match));
     EXPECT_FALSE(expression.canMatch(UnitSet(QStringLiteral("(a"))));
 }
@@ -86,8 +86,8 @@ TEST(SearchExpression, SaysOnceThatALimitWasReached)
     const HostLog log;
     const SearchExpression expression(QStringLiteral("(?:a|aa)+$(?<=c)"));
     const QString line(5'000, QLatin1Char('a'));
-    EXPECT_EQ(expression.find(line, 0), SearchExpression::limitReached);
-    EXPECT_EQ(expression.find(line, 1), SearchExpression::limitReached);
+    EXPECT_TRUE(expression.find(line, 0).isGivenUp);
+    EXPECT_TRUE(expression.find(line, 1).isGivenUp);
     EXPECT_EQ(log.lines(),
               std::vector<std::string>{"diagnostic: grammar: an expression was given up on a long line: "
                                        "(?:a|aa)+$(?<=c)"});
@@ -96,6 +96,26 @@ TEST(SearchExpression, SaysOnceThatALimitWasReached)
 TEST(SearchExpression, CanBeRepeatedUnlessItSteersTheSearch)
 {
     EXPECT_TRUE(SearchExpression(QStringLiteral("a(?=b)")).isRepeatable());
-    EXPECT_FALSE(SearchExpression(QStringLiteral("a\\Kb")).isRepeatable());
+    EXPECT_TRUE(SearchExpression(QStringLiteral("a\\Kb")).isRepeatable());
+    EXPECT_FALSE(SearchExpression(QStringLiteral("\\Ga")).isRepeatable());
     EXPECT_FALSE(SearchExpression(QStringLiteral("(*COMMIT)a")).isRepeatable());
+}
+
+TEST(SearchExpression, SaysWhereAMatchBeganThatMovedItsStart)
+{
+    const SearchExpression expression(QStringLiteral("a+\\Kb"));
+    const SearchExpression::Hit hit = expression.find(QStringLiteral("xaab"), 0);
+    EXPECT_EQ(hit.start, 3);
+    EXPECT_EQ(hit.attempt, 1);
+}
+
+TEST(SearchExpression, DoesNotMatchInFrontOfThePositionNorBehindItsEnd)
+{
+    // written in a look-behind the library refuses to move the start, called from one it does not
+    const SearchExpression back(QStringLiteral("(?<=(?1))(?(DEFINE)(\\Ka))"));
+    const SearchExpression forth(QStringLiteral("(?=(?1))a(?(DEFINE)(aa\\K))"));
+    ASSERT_TRUE(back.isValid() && forth.isValid());
+    Match match;
+    EXPECT_FALSE(back.match(QStringLiteral("aaaa"), 1, match));
+    EXPECT_EQ(forth.find(QStringLiteral("aaaa"), 0).start, -1);
 }

@@ -30,18 +30,10 @@ void expectSameState(const std::string& members, const std::vector<const char*>&
 
 } // namespace
 
-TEST(State, ComesToTheSameStateWithTheSameText)
+TEST(State, IsTheSameBehindTheSameText)
 {
-    Tokeniser first(strings);
-    Tokeniser second(strings);
-    first("\"a\n");
-    second("x \"b\n");
-    // each processor has rules of its own, so states are compared within one
-    Halvorin::TextMate::GrammarProcessor processor(grammarOf(strings));
-    const auto one = processor.tokenise(QStringLiteral("\"a\n")).takeContinuation();
-    const auto two = processor.tokenise(QStringLiteral("x \"b\n")).takeContinuation();
-    EXPECT_TRUE(sameState(one.get(), two.get()));
-    EXPECT_FALSE(sameState(one.get(), nullptr));
+    expectSameState(strings, {"\"a\n"}, {"x \"b\n"}, true);
+    expectSameState(strings, {"\"a\n"}, {"a\n"}, false);
     EXPECT_TRUE(Halvorin::TextMate::sameState(nullptr, nullptr));
 }
 
@@ -53,31 +45,33 @@ TEST(State, SharesAStateThatDoesNotChange)
     EXPECT_EQ(one, two);
 }
 
-TEST(State, SettlesBehindAChangeAsSoonAsTheStateIsTheSame)
+TEST(State, SettlesBehindAChangeAsSoonAsItIsTheSame)
 {
+    // strings of four lines, each closed behind it
+    const auto lineOf = [](int number) -> const char* {
+        return number % 4 == 0 ? "\"a\n" : number % 4 == 3 ? "b\"\n" : "text\n";
+    };
     struct Change
     {
         const char* text;
         int tokenised; // lines, the changed one among them
     };
-    Halvorin::TextMate::GrammarProcessor processor(grammarOf(strings));
     constexpr int lineCount = 1000;
-    std::vector<Halvorin::TextMate::Continuation> ends;
-    for (int number = 0; number < lineCount; ++number) { // strings of four lines
-        const QString line = number % 4 == 0   ? QStringLiteral("\"a\n")
-                             : number % 4 == 3 ? QStringLiteral("b\"\n")
-                                               : QStringLiteral("text\n");
-        ends.push_back(processor.tokenise(line, number == 0 ? nullptr : ends.back()).takeContinuation());
-    }
-    for (const Change& change : {Change{"other\n", 1}, Change{"x\" \"y\n", 1}, Change{"x\" y\n", 2}}) {
-        Halvorin::TextMate::Continuation state = ends[500];
+    constexpr int changed = 501;
+    GrammarProcessor processor(grammarOf(strings));
+    std::vector<Continuation> ends;
+    for (int number = 0; number < lineCount; ++number)
+        ends.push_back(
+            processor.tokenise(QString::fromUtf8(lineOf(number)), number == 0 ? nullptr : ends.back())
+                .takeContinuation());
+    for (const Change& change :
+         {Change{"other\n", 1}, Change{"x\" \"y\n", 1}, Change{"x\" y\n", lineCount - changed}}) {
+        Continuation state = ends[changed - 1];
         int tokenised = 0;
-        for (int number = 501; number < lineCount; ++number) {
-            const QString line = number == 501     ? QString::fromUtf8(change.text)
-                                 : number % 4 == 0 ? QStringLiteral("\"a\n")
-                                 : number % 4 == 3 ? QStringLiteral("b\"\n")
-                                                   : QStringLiteral("\"text\n");
-            state = processor.tokenise(line, state).takeContinuation();
+        for (int number = changed; number < lineCount; ++number) {
+            state =
+                processor.tokenise(QString::fromUtf8(number == changed ? change.text : lineOf(number)), state)
+                    .takeContinuation();
             ++tokenised;
             if (sameState(state.get(), ends[static_cast<std::size_t>(number)].get()))
                 break;
@@ -100,6 +94,9 @@ TEST(State, DiffersByWhatBeginCaptured)
     const std::string here = R"json("patterns": [{"begin": "<<(\\w+)", "end": "^\\1$"}])json";
     expectSameState(here, {"<<A\n"}, {"x <<A\n", "more\n"}, true);
     expectSameState(here, {"<<A\n"}, {"<<B\n"}, false);
+    // the whole match may differ
+    expectSameState(R"json("patterns": [{"begin": "x*<<(\\w+)", "end": "^\\1$"}])json", {"<<A\n"}, {"x<<A\n"},
+                    true);
 }
 
 TEST(State, DiffersByWhatIsAroundTheOpenRule)
