@@ -28,6 +28,9 @@ o = f'''{x:%Y
 p = f"goes \
 on {x}"
 q = f"{"\n".join(lines)}"
+r = f"{1 + 2 =  # a comment
+  }", f'{x  # a "comment'
+  + y}'
 x = f"{a['b'}"
 y = f"{foo("
 def one(a): pass
