@@ -11,6 +11,9 @@ dependencies: ## Install what is missing of Debian's packages
 language-server: dependencies ## Install the language server that tests and the demo talk to
 	@scripts/install-language-server
 
+grammar-peer: dependencies ## Install the other grammar engine that the benchmarks run
+	@scripts/install-grammar-peer
+
 build: dependencies ## Build everything, optimised, into build/release
 	@cmake --preset release
 	@cmake --build --preset release --parallel $(JOBS)
@@ -38,7 +41,7 @@ fuzz: dependencies ## Run each fuzz target for SECONDS (60 unless told)
 	@cmake --build --preset fuzz --parallel $(JOBS) --target fuzzers
 	@scripts/fuzz build/fuzz/bin $(or $(SECONDS),60)
 
-bench: build language-server ## Time the hot paths, each beside a peer or a limit, and print one table
+bench: build language-server grammar-peer ## Time the hot paths, each beside a peer or a limit, and print one table
 	@scripts/bench build/release/bin/halvorin-benchmarks*
 
 coverage: dependencies language-server ## Run the tests with line counters and print a summary of what they reach
@@ -64,4 +67,4 @@ package: build ## Pack what would be installed into dist
 clean: ## Remove everything that was built
 	@rm -rf build dist
 
-.PHONY: help dependencies language-server build demo test test-engine test-sanitize fuzz bench coverage format lint install package clean
+.PHONY: help dependencies language-server grammar-peer build demo test test-engine test-sanitize fuzz bench coverage format lint install package clean

@@ -41,6 +41,7 @@ int run(const std::vector<std::string>& commandLine)
     addDiagramCommand(application, action);
     addLspCommand(application, action);
     addRstCommand(application, action);
+    addHighlightCommand(application, action);
     for (CLI::App* command : application.get_subcommands({}))
         command->footer(command->get_footer() + "\n" + exitCodes);
 

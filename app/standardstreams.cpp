@@ -53,6 +53,11 @@ void printLine(std::string_view line)
     write(stdout, "\n");
 }
 
+bool takesMore()
+{
+    return std::ferror(stdout) == 0;
+}
+
 void printError(std::string_view text)
 {
     std::fflush(stdout); // what was printed before comes before, where both go to one place

@@ -15,6 +15,9 @@ void prepare();
 void print(std::string_view text);
 void printLine(std::string_view line);
 
+/// False once something could not be written: a long output may stop then, since finish() tells of it.
+bool takesMore();
+
 /// Text on standard error, as it stands.
 void printError(std::string_view text);
 

@@ -25,5 +25,6 @@ void addRunCommand(CLI::App& application, Action& action);
 void addDiagramCommand(CLI::App& application, Action& action);
 void addLspCommand(CLI::App& application, Action& action);
 void addRstCommand(CLI::App& application, Action& action);
+void addHighlightCommand(CLI::App& application, Action& action);
 
 #endif

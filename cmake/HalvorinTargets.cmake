@@ -31,6 +31,25 @@ function(halvorin_add_folder name)
     set_property(GLOBAL APPEND PROPERTY HALVORIN_FOLDER_LIBRARIES ${libraries})
 endfunction()
 
+# halvorin_header_of_texts(TARGET HEADER NAME=TEXT...)
+#   A header with a macro a text, for the sources of a target. Not definitions of the target: with those ccache takes
+#   every source of it anew for each folder that the project stands in.
+function(halvorin_header_of_texts target header)
+    set(content)
+    foreach(text IN LISTS ARGN)
+        string(REGEX MATCH "^([A-Z_]+)=(.*)$" ignored "${text}")
+        string(APPEND content "#define ${CMAKE_MATCH_1} \"${CMAKE_MATCH_2}\"\n")
+    endforeach()
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/${target}-texts)
+    file(GENERATE OUTPUT ${folder}/${header} CONTENT "${content}")
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL INTERFACE_LIBRARY)
+        target_include_directories(${target} INTERFACE ${folder})
+    else()
+        target_include_directories(${target} PRIVATE ${folder})
+    endif()
+endfunction()
+
 # halvorin_add_tests(NAME LABEL label [LINKS target...] [QT])
 #   A GoogleTest program of every .cpp in the current folder, each case a ctest of its own. "testfolders.h" says
 #   where the folder and the project are, as TEST_SOURCE_FOLDER and PROJECT_FOLDER.

@@ -15,8 +15,8 @@ struct Completed;
 struct Continued;
 
 /// What is open at the end of a line: the innermost item, and through parent() all around it. It holds no
-/// text of the line beyond what a back-reference of "end" needs. It does not change, and lines share it while
-/// nothing opens or closes.
+/// text of the line but that of groups of "begin", where "end" speaks of groups. It does not change, and
+/// lines share it while nothing opens or closes.
 class AbstractContinuationProcessorStackItem
     : public std::enable_shared_from_this<AbstractContinuationProcessorStackItem>
 {
@@ -33,11 +33,14 @@ public:
     /// Null for the root.
     const std::shared_ptr<const AbstractContinuationProcessorStackItem>& parent() const { return m_parent; }
     const QStringList& scopes() const { return m_scopes; }
+    /// How many items there are around the item.
+    int depth() const { return m_depth; }
 
 protected:
     AbstractContinuationProcessorStackItem(
-        const QStringList& scopes, std::shared_ptr<const AbstractContinuationProcessorStackItem> parent)
-        : m_scopes(scopes), m_parent(std::move(parent))
+        const QStringList& scopes, int depth,
+        std::shared_ptr<const AbstractContinuationProcessorStackItem> parent)
+        : m_scopes(scopes), m_depth(depth), m_parent(std::move(parent))
     {}
 
     virtual bool isLike(const AbstractContinuationProcessorStackItem& other) const = 0;
@@ -47,6 +50,7 @@ private:
                           const AbstractContinuationProcessorStackItem*);
 
     QStringList m_scopes;
+    int m_depth;
     std::shared_ptr<const AbstractContinuationProcessorStackItem> m_parent;
 };
 

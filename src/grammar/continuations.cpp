@@ -30,6 +30,11 @@ bool BeginEndContinuationProcessorStackItem::isLike(const AbstractContinuationPr
                static_cast<const BeginEndContinuationProcessorStackItem&>(other).m_beginCaptures;
 }
 
+bool ContentContinuationProcessorStackItem::isLike(const AbstractContinuationProcessorStackItem& other) const
+{
+    return m_owner->isLike(*static_cast<const ContentContinuationProcessorStackItem&>(other).m_owner);
+}
+
 bool RootContinuationProcessorStackItem::isLike(const AbstractContinuationProcessorStackItem&) const
 {
     return true;
@@ -44,23 +49,19 @@ ProcessResult MatchContinuationProcessorStackItem::continueProcessing(std::optio
 ProcessResult BeginEndContinuationProcessorStackItem::continueProcessing(std::optional<int> previousEnd,
                                                                          GrammarLine& line) const
 {
-    const auto item = std::make_shared<BeginEndProcessorStackItem>(*this, previousEnd.value_or(0));
-    return previousEnd ? item->finish(line, *previousEnd) : item->processContent(line);
+    return std::make_shared<BeginEndProcessorStackItem>(*this, previousEnd.value_or(0))->processContent(line);
 }
 
 ProcessResult ContentContinuationProcessorStackItem::continueProcessing(std::optional<int> previousEnd,
                                                                         GrammarLine& line) const
 {
-    const int position = previousEnd.value_or(0);
-    const auto& around = static_cast<const BeginEndContinuationProcessorStackItem&>(*parent());
-    const auto owner = std::make_shared<BeginEndProcessorStackItem>(around, position);
-    return std::make_shared<ContentProcessorStackItem>(owner, position)->process(line);
+    return m_owner->continueProcessing(previousEnd, line);
 }
 
 ProcessResult RootContinuationProcessorStackItem::continueProcessing(std::optional<int> previousEnd,
                                                                      GrammarLine& line) const
 {
-    return std::make_shared<RootProcessorStackItem>(scopes().constFirst(), previousEnd.value_or(0))
+    return std::make_shared<RootProcessorStackItem>(line.rules().rootScopes(), previousEnd.value_or(0))
         ->process(line);
 }
 

@@ -15,9 +15,9 @@ public:
 
 protected:
     AbstractRuleContinuationProcessorStackItem(
-        const ResolvedRule& rule, const QStringList& scopes,
+        const ResolvedRule& rule, const QStringList& scopes, int depth,
         std::shared_ptr<const AbstractContinuationProcessorStackItem> parent)
-        : AbstractContinuationProcessorStackItem(scopes, std::move(parent)), m_rule(rule)
+        : AbstractContinuationProcessorStackItem(scopes, depth, std::move(parent)), m_rule(rule)
     {}
 
     bool isLike(const AbstractContinuationProcessorStackItem& other) const override;
@@ -30,9 +30,9 @@ private:
 class MatchContinuationProcessorStackItem : public AbstractRuleContinuationProcessorStackItem
 {
 public:
-    MatchContinuationProcessorStackItem(const ResolvedRule& rule, const QStringList& scopes,
+    MatchContinuationProcessorStackItem(const ResolvedRule& rule, const QStringList& scopes, int depth,
                                         std::shared_ptr<const AbstractContinuationProcessorStackItem> parent)
-        : AbstractRuleContinuationProcessorStackItem(rule, scopes, std::move(parent))
+        : AbstractRuleContinuationProcessorStackItem(rule, scopes, depth, std::move(parent))
     {}
 
     ProcessResult continueProcessing(std::optional<int> previousEnd, GrammarLine& line) const override;
@@ -43,34 +43,42 @@ class BeginEndContinuationProcessorStackItem : public AbstractRuleContinuationPr
 {
 public:
     BeginEndContinuationProcessorStackItem(
-        const ResolvedRule& rule, const QStringList& beginCaptures, const QStringList& scopes,
+        const ResolvedRule& rule, const QStringList& beginCaptures, const QStringList& scopes, int depth,
         std::shared_ptr<const AbstractContinuationProcessorStackItem> parent)
-        : AbstractRuleContinuationProcessorStackItem(rule, scopes, std::move(parent)),
+        : AbstractRuleContinuationProcessorStackItem(rule, scopes, depth, std::move(parent)),
           m_beginCaptures(beginCaptures)
     {}
 
     ProcessResult continueProcessing(std::optional<int> previousEnd, GrammarLine& line) const override;
 
+    /// The texts of groups from 1 on, behind an empty one for the whole match; none when "end" speaks of no
+    /// group.
     const QStringList& beginCaptures() const { return m_beginCaptures; }
 
-protected:
     bool isLike(const AbstractContinuationProcessorStackItem& other) const override;
 
 private:
     QStringList m_beginCaptures;
 };
 
-/// Of the content around an open item.
+/// Of the content around an open item. Behind that item it goes on, and then its owner does; what it leads to
+/// is around both.
 class ContentContinuationProcessorStackItem : public AbstractRuleContinuationProcessorStackItem
 {
 public:
-    ContentContinuationProcessorStackItem(
-        const ResolvedRule& rule, const QStringList& scopes,
-        std::shared_ptr<const AbstractContinuationProcessorStackItem> parent)
-        : AbstractRuleContinuationProcessorStackItem(rule, scopes, std::move(parent))
+    ContentContinuationProcessorStackItem(std::shared_ptr<const BeginEndContinuationProcessorStackItem> owner,
+                                          const QStringList& scopes, int depth)
+        : AbstractRuleContinuationProcessorStackItem(owner->rule(), scopes, depth, owner->parent()),
+          m_owner(std::move(owner))
     {}
 
     ProcessResult continueProcessing(std::optional<int> previousEnd, GrammarLine& line) const override;
+
+protected:
+    bool isLike(const AbstractContinuationProcessorStackItem& other) const override;
+
+private:
+    std::shared_ptr<const BeginEndContinuationProcessorStackItem> m_owner;
 };
 
 /// The end of the chain.
@@ -78,7 +86,7 @@ class RootContinuationProcessorStackItem : public AbstractContinuationProcessorS
 {
 public:
     explicit RootContinuationProcessorStackItem(const QStringList& scopes)
-        : AbstractContinuationProcessorStackItem(scopes, nullptr)
+        : AbstractContinuationProcessorStackItem(scopes, 0, nullptr)
     {}
     ProcessResult continueProcessing(std::optional<int> previousEnd, GrammarLine& line) const override;
 

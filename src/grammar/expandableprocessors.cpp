@@ -1,6 +1,5 @@
 #include "grammar/expandableprocessors.h"
 
-#include "HalvCore/application.h"
 #include "grammar/continuations.h"
 
 namespace Halvorin::TextMate {
@@ -11,29 +10,22 @@ namespace {
 /// calls is.
 constexpr int maximumDepth = 500;
 
-void logDepthOnce()
-{
-    [[maybe_unused]] static const bool logged = [] {
-        System::Application::instance().logger().diagnostic("grammar", "rules are nested too deeply");
-        return true;
-    }();
-}
-
 } // namespace
 
 std::shared_ptr<AbstractGrammarProcessorStackItem>
 ExpandableProcessorStackItem::nextItem(GrammarLine& line, const ResolvedRules& rules, int position)
 {
-    std::optional<RuleMatch> match = line.bestMatch(rules, position, anchor());
+    std::optional<RuleMatch> match = line.bestMatch(rules, position, anchor(), true);
+    if (match && match->rule->isBeginEnd() && depth() >= maximumDepth) {
+        line.rules().reportOnce("rules are nested too deeply");
+        match = line.bestMatch(rules, position, anchor(), false);
+    }
     if (!match)
         return nullptr;
     const auto self = std::static_pointer_cast<AbstractGrammarProcessorStackItem>(shared_from_this());
-    if (!match->rule->isBeginEnd())
-        return std::make_shared<MatchProcessorStackItem>(*std::move(match), self);
-    if (depth() < maximumDepth)
-        return std::make_shared<BeginEndProcessorStackItem>(*std::move(match), self);
-    logDepthOnce();
-    return nullptr;
+    if (match->rule->isBeginEnd())
+        return std::make_shared<BeginEndProcessorStackItem>(line, *std::move(match), self);
+    return std::make_shared<MatchProcessorStackItem>(line, *std::move(match), self);
 }
 
 ExpandableProcessorStackItem::Outcome
@@ -49,9 +41,10 @@ ExpandableProcessorStackItem::processNext(GrammarLine& line, AbstractGrammarProc
     return next.length() > 0 ? Outcome::finished : Outcome::nothing;
 }
 
-ContentProcessorStackItem::ContentProcessorStackItem(const std::shared_ptr<BeginEndProcessorStackItem>& owner,
+ContentProcessorStackItem::ContentProcessorStackItem(GrammarLine& line,
+                                                     const std::shared_ptr<BeginEndProcessorStackItem>& owner,
                                                      int position)
-    : ExpandableProcessorStackItem(position, position, owner->contentScopes(), owner), m_owner(*owner)
+    : ExpandableProcessorStackItem(position, position, owner->contentScopes(line), owner), m_owner(*owner)
 {}
 
 ProcessResult ContentProcessorStackItem::process(GrammarLine& line)
@@ -73,19 +66,18 @@ ProcessResult ContentProcessorStackItem::process(GrammarLine& line)
     return Completed{end()};
 }
 
-bool ContentProcessorStackItem::endsBefore(GrammarLine& line,
-                                           const AbstractGrammarProcessorStackItem& next) const
+bool ContentProcessorStackItem::endsBefore(GrammarLine& line, const AbstractGrammarProcessorStackItem& next)
 {
     Match match;
-    return line.match(m_owner.rule().end, end(), anchor(), m_owner.beginCaptures(), match) &&
-           next.start() >= match.capturedStart(0);
+    return m_owner.matchEnd(line, end(), match) && next.start() >= match.capturedStart(0);
 }
 
 std::shared_ptr<const AbstractContinuationProcessorStackItem>
 ContentProcessorStackItem::makeContinuation() const
 {
-    return std::make_shared<ContentContinuationProcessorStackItem>(m_owner.rule(), scopes(),
-                                                                   parent()->makeContinuation());
+    return std::make_shared<ContentContinuationProcessorStackItem>(
+        std::static_pointer_cast<const BeginEndContinuationProcessorStackItem>(m_owner.makeContinuation()),
+        scopes(), depth());
 }
 
 ProcessResult RootProcessorStackItem::process(GrammarLine& line)

@@ -30,24 +30,25 @@ protected:
 class ContentProcessorStackItem : public ExpandableProcessorStackItem
 {
 public:
-    ContentProcessorStackItem(const std::shared_ptr<BeginEndProcessorStackItem>& owner, int position);
+    ContentProcessorStackItem(GrammarLine& line, const std::shared_ptr<BeginEndProcessorStackItem>& owner,
+                              int position);
 
     ProcessResult process(GrammarLine& line) override;
     std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
 
 private:
     /// Whether "end" stands before the next item, or where it starts.
-    bool endsBefore(GrammarLine& line, const AbstractGrammarProcessorStackItem& next) const;
+    bool endsBefore(GrammarLine& line, const AbstractGrammarProcessorStackItem& next);
 
-    const BeginEndProcessorStackItem& m_owner; // it stands as long as this item does
+    BeginEndProcessorStackItem& m_owner; // it stands as long as this item does
 };
 
 /// The top level of the grammar.
 class RootProcessorStackItem : public ExpandableProcessorStackItem
 {
 public:
-    RootProcessorStackItem(const QString& scopeName, int position)
-        : ExpandableProcessorStackItem(0, position, QStringList(scopeName), nullptr)
+    RootProcessorStackItem(const QStringList& scopes, int position)
+        : ExpandableProcessorStackItem(0, position, scopes, nullptr)
     {}
 
     ProcessResult process(GrammarLine& line) override;

@@ -1,5 +1,6 @@
 #include "grammar/grammar.h"
 
+#include "grammar/grammarlog.h"
 #include "grammar/jsongrammarreader.h"
 #include "grammar/propertylistgrammarreader.h"
 
@@ -14,6 +15,8 @@ namespace Halvorin::TextMate {
 
 namespace {
 
+const auto notAnObject = QStringLiteral("there is no object in it");
+
 struct Suffix
 {
     const char* text;
@@ -27,6 +30,57 @@ constexpr std::array<Suffix, 3> suffixes{{
     {".tmLanguage", GrammarType::PropertyList},
 }};
 
+void reportUnreadable(const QString& reason)
+{
+    logDiagnostic(QStringLiteral("unable to read grammar: ") + reason);
+}
+
+GrammarData readJson(const QByteArray& text)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (error.error != QJsonParseError::NoError)
+        reportUnreadable(error.errorString());
+    else if (!document.isObject())
+        reportUnreadable(notAnObject);
+    return readJsonGrammar(document.object());
+}
+
+GrammarData readBinary(const QByteArray& bytes)
+{
+    QCborParserError error;
+    const QCborValue value = QCborValue::fromCbor(bytes, &error);
+    if (error.error != QCborError::NoError)
+        reportUnreadable(error.errorString());
+    else if (!value.isMap())
+        reportUnreadable(notAnObject);
+    return readJsonGrammar(value.toMap().toJsonObject());
+}
+
+GrammarData readPropertyList(QIODevice& device)
+{
+    QString error;
+    GrammarData data = readPropertyListGrammar(device, error);
+    if (!error.isEmpty())
+        reportUnreadable(error);
+    return data;
+}
+
+GrammarData read(QIODevice& device, GrammarType type)
+{
+    switch (type) {
+    case GrammarType::Json:
+        return readJson(device.readAll());
+    case GrammarType::Binary:
+        return readBinary(device.readAll());
+    case GrammarType::PropertyList:
+        return readPropertyList(device);
+    case GrammarType::Unknown:
+        break;
+    }
+    return {};
+}
+
 GrammarData load(const QString& path)
 {
     const GrammarType type = Grammar::type(path);
@@ -36,22 +90,14 @@ GrammarData load(const QString& path)
         type == GrammarType::Binary ? QIODevice::ReadOnly : QIODevice::ReadOnly | QIODevice::Text;
     if (type == GrammarType::Unknown || !file.open(mode))
         return {};
-    switch (type) {
-    case GrammarType::Json:
-        return readJsonGrammar(QJsonDocument::fromJson(file.readAll()).object());
-    case GrammarType::Binary:
-        return readJsonGrammar(QCborValue::fromCbor(file.readAll()).toMap().toJsonObject());
-    case GrammarType::PropertyList:
-        return readPropertyListGrammar(file);
-    case GrammarType::Unknown:
-        break;
-    }
-    return {};
+    return read(file, type);
 }
 
 } // namespace
 
 Grammar::Grammar(const QString& path) : m_data(load(path)) {}
+
+Grammar::Grammar(QIODevice& device, GrammarType type) : m_data(read(device, type)) {}
 
 GrammarType Grammar::type(const QString& path)
 {

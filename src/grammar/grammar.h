@@ -9,6 +9,8 @@
 #include <map>
 #include <vector>
 
+class QIODevice;
+
 namespace Halvorin::TextMate {
 
 /// How a grammar stands in its file.
@@ -20,14 +22,7 @@ enum class GrammarType
     PropertyList = 3, ///< XML, ".tmLanguage"
 };
 
-/// The content of a TextMate grammar: rules and expressions, as far as this system acts on them. It does not
-/// change once it is loaded, and is shared by all who use it.
-///
-///     const auto grammar = std::make_shared<const Grammar>(QStringLiteral("python.tmLanguage.json"));
-///     GrammarProcessor(grammar).tokenise(QStringLiteral("x = 1\n"));
-///
-/// Loading never fails: what cannot be opened or read gives a grammar without rules, a rule with an
-/// expression that is not valid never matches.
+/// What stands in the file of a grammar, as far as this system reads it.
 struct GrammarData
 {
     QString scopeName;
@@ -40,12 +35,22 @@ struct GrammarData
     std::map<QString, GrammarRule> repository;
 };
 
+/// A TextMate grammar: rules and expressions. It does not change once it is loaded, and is shared by all who
+/// use it.
+///
+///     const auto grammar = std::make_shared<const Grammar>(QStringLiteral("python.tmLanguage.json"));
+///     GrammarProcessor(grammar).tokenise(QStringLiteral("x = 1\n"));
+///
+/// Loading never fails: what cannot be opened or read gives a grammar without rules, a rule with an
+/// expression that is not valid never matches.
 class Grammar
 {
 public:
     Grammar() = default;
     /// Loads a file; its suffix says how it is read. See type().
     explicit Grammar(const QString& path);
+    /// Reads a device that is open; of the unknown type nothing.
+    Grammar(QIODevice& device, GrammarType type);
     explicit Grammar(GrammarData data) : m_data(std::move(data)) {}
 
     /// By the suffix alone, whatever its case.

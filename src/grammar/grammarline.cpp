@@ -22,90 +22,69 @@ QString wholeCharacters(QString text)
 
 } // namespace
 
-int SearchMemory::find(const RuleExpression& expression, const QString& line, int from)
+std::vector<const ResolvedRule*>& LineMemory::candidates(const ResolvedRules& list, const SearchedLine& line)
 {
-    const SearchExpression& compiled = *expression.compiled;
-    if (!compiled.isRepeatable())
-        return compiled.find(line, from);
-    if (expression.number >= m_entries.size()) // rules are resolved when they are first tried
-        m_entries.resize(expression.number + 1);
-    Entry& entry = m_entries[expression.number];
-    if (entry.line != m_line || from < entry.from || (entry.start >= 0 && entry.start < from))
-        entry = {m_line, from, compiled.find(line, from)};
-    return entry.start;
+    if (list.number >= m_candidates.size()) // lists are made when they are first tried
+        m_candidates.resize(list.number + 1);
+    Candidates& candidates = m_candidates[list.number];
+    if (candidates.line != line.number) {
+        candidates.line = line.number;
+        candidates.rules.clear();
+        for (const ResolvedRule* rule : list.rules) {
+            if (rule->start.expression && rule->start.expression->canMatch(line))
+                candidates.rules.push_back(rule);
+        }
+    }
+    return candidates.rules;
 }
 
-GrammarLine::GrammarLine(const QString& text, RuleSearch& search, SearchMemory& memory)
-    : m_text(wholeCharacters(text)), m_search(search), m_memory(memory), m_tokens(text.size())
+GrammarLine::GrammarLine(const QString& text, RuleSearch& search, LineMemory& memory)
+    : m_line{wholeCharacters(text), UnitSet(text), memory.nextNumber()}, m_search(search), m_memory(memory),
+      m_tokens(text.size())
 {
-    m_memory.startLine();
+    m_search.scopeLists().bound();
 }
 
 QString GrammarLine::captured(const Match& match, int group) const
 {
     return match.capturedStart(group) < 0
                ? QString()
-               : m_text.mid(match.capturedStart(group), match.capturedLength(group));
+               : m_line.text.mid(match.capturedStart(group), match.capturedLength(group));
 }
 
-bool GrammarLine::match(const RuleExpression& expression, int position, int anchor,
-                        const QStringList& beginCaptures, Match& match)
+bool GrammarLine::match(const PreparedExpression& expression, int position, int anchor, Match& match)
 {
-    if (expression.source == nullptr || expression.source->isEmpty())
-        return false;
-    if (!expression.compiled)
-        return matchText(*expression.source, position, anchor, beginCaptures, match);
-    const int start = m_memory.find(expression, m_text, position);
-    if (start < 0)
-        return false;
-    return expression.compiled->match(m_text, expression.compiled->isRepeatable() ? start : position, match);
+    return expression.isAllowed(position, anchor) && expression.expression->match(m_line, position, match);
 }
 
-bool GrammarLine::matchText(const AbstractGrammarExpression& expression, int position, int anchor,
-                            const QStringList& beginCaptures, Match& match)
-{
-    QString pattern = expression.pattern();
-    if (expression.hasBackReference()) {
-        for (int group = 1; group < beginCaptures.size(); ++group) // in ascending order: \1 within \10 first
-            pattern.replace(QLatin1Char('\\') + QString::number(group), beginCaptures.at(group));
-    }
-    if (expression.hasAnchorG() && pattern == QLatin1String("\\G") && position != anchor)
-        return false;
-    if (expression.hasAnchorG() && pattern == QLatin1String("(?!\\G)")) {
-        if (position == anchor)
-            return false;
-        pattern = QStringLiteral("(?=.*)");
-    }
-    return m_search.lateExpression(pattern).match(m_text, position, match);
-}
-
-std::optional<RuleMatch> GrammarLine::bestMatch(const ResolvedRules& rules, int position, int anchor)
+std::optional<RuleMatch> GrammarLine::bestMatch(const ResolvedRules& list, int position, int anchor,
+                                                bool mayOpen)
 {
     if (position >= length())
         return std::nullopt;
     const ResolvedRule* best = nullptr;
     int bestStart = length() + 1;
-    Match bestMatch;
-    for (const ResolvedRule* rule : rules) {
-        int start = -1;
-        Match late;
-        if (rule->start.compiled)
-            start = m_memory.find(rule->start, m_text, position);
-        else if (match(rule->start, position, anchor, {}, late))
-            start = late.capturedStart(0);
-        if (start < 0 || start >= bestStart)
-            continue;
-        best = rule;
-        bestStart = start;
-        bestMatch = std::move(late);
-        if (start == position)
-            break; // nothing can be earlier
+    std::vector<const ResolvedRule*>& rules = m_memory.candidates(list, m_line);
+    auto kept = rules.begin();
+    auto rule = rules.begin();
+    while (rule != rules.end() && bestStart != position) { // nothing can be earlier
+        const PreparedExpression& start = (*rule)->start;
+        const bool isAllowed = start.isAllowed(position, anchor);
+        const int found = isAllowed ? start.expression->find(m_line, position) : -1;
+        if (found >= 0 && found < bestStart && (mayOpen || !(*rule)->isBeginEnd())) {
+            best = *rule;
+            bestStart = found;
+        }
+        // positions only grow in a line: what is not found now never is
+        if (found >= 0 || !isAllowed || !start.expression->isRepeatable())
+            *kept++ = *rule;
+        ++rule;
     }
-    if (best == nullptr)
+    rules.erase(kept, rule);
+    RuleMatch result{best, Match()};
+    if (best == nullptr || !match(best->start, position, anchor, result.match))
         return std::nullopt;
-    if (best->start.compiled && !match(best->start, position, anchor, {}, bestMatch))
-        return std::nullopt;
-    return RuleMatch{best, std::move(bestMatch)};
+    return result;
 }
 
 void GrammarLine::addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes)
@@ -114,7 +93,7 @@ void GrammarLine::addCaptures(const Match& match, const GrammarCaptures& capture
         if (group < 0 || group > match.lastCapturedIndex() || match.capturedStart(group) < 0)
             continue;
         m_tokens.addToken(match.capturedStart(group), match.capturedLength(group),
-                          capture.name.isEmpty() ? scopes : scopes + QStringList(capture.name));
+                          capture.name.isEmpty() ? scopes : m_search.scopeLists().with(scopes, capture.name));
     }
 }
 

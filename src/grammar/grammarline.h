@@ -8,26 +8,24 @@
 
 namespace Halvorin::TextMate {
 
-/// Where each expression was found last in the line that is being tokenised. A search from further right need
-/// not be repeated while the hit lies ahead. Kept from line to line, so that its memory is.
-class SearchMemory
+/// What a processor keeps from line to line, so that its memory is.
+class LineMemory
 {
 public:
-    /// Forgets everything.
-    void startLine() { ++m_line; }
+    unsigned nextNumber() { return ++m_number; }
 
-    int find(const RuleExpression& expression, const QString& line, int from);
+    /// The rules of a list that may match in a line. Who finds one that does not takes it out.
+    std::vector<const ResolvedRule*>& candidates(const ResolvedRules& list, const SearchedLine& line);
 
 private:
-    struct Entry
+    struct Candidates
     {
         unsigned line = 0;
-        int from = 0;
-        int start = 0;
+        std::vector<const ResolvedRule*> rules;
     };
 
-    std::vector<Entry> m_entries;
-    unsigned m_line = 0;
+    std::vector<Candidates> m_candidates;
+    unsigned m_number = 0;
 };
 
 /// A match of a rule that was found, not yet processed.
@@ -42,31 +40,33 @@ class GrammarLine
 {
 public:
     /// The text ends with a line end, as grammars expect it.
-    GrammarLine(const QString& text, RuleSearch& search, SearchMemory& memory);
+    GrammarLine(const QString& text, RuleSearch& search, LineMemory& memory);
 
-    int length() const { return m_text.size(); }
+    int length() const { return m_line.text.size(); }
     RuleSearch& rules() { return m_search; }
     TokenBuilder& tokens() { return m_tokens; }
     QString captured(const Match& match, int group) const;
 
-    /// Matches an expression at or behind a position. `anchor` is what \G speaks of, `beginCaptures` what the
-    /// groups of "begin" captured.
-    bool match(const RuleExpression& expression, int position, int anchor, const QStringList& beginCaptures,
-               Match& match);
+    /// Matches an expression at or behind a position. `anchor` is what \G speaks of.
+    bool match(const PreparedExpression& expression, int position, int anchor, Match& match);
 
     /// The match with the lowest start at or behind a position; the first rule in the list of equal ones.
-    std::optional<RuleMatch> bestMatch(const ResolvedRules& rules, int position, int anchor);
+    /// @param mayOpen whether rules with "begin" are tried, too
+    std::optional<RuleMatch> bestMatch(const ResolvedRules& list, int position, int anchor, bool mayOpen);
 
     /// Adds a token for each group that matched and that the captures name.
     void addCaptures(const Match& match, const GrammarCaptures& captures, const QStringList& scopes);
 
-private:
-    bool matchText(const AbstractGrammarExpression& expression, int position, int anchor,
-                   const QStringList& beginCaptures, Match& match);
+    /// Scopes and a name of the grammar, if there is one.
+    const QStringList& scopesWith(const QStringList& scopes, const std::optional<QString>& name)
+    {
+        return name ? m_search.scopeLists().with(scopes, *name) : scopes;
+    }
 
-    QString m_text;
+private:
+    SearchedLine m_line;
     RuleSearch& m_search;
-    SearchMemory& m_memory;
+    LineMemory& m_memory;
     TokenBuilder m_tokens;
 };
 

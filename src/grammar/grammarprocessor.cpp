@@ -23,7 +23,7 @@ ProcessResult continueAll(GrammarLine& line, const Continuation& innermost)
 } // namespace
 
 GrammarProcessor::GrammarProcessor(std::shared_ptr<const Grammar> grammar)
-    : m_rules(std::make_unique<RuleSearch>(std::move(grammar))), m_memory(std::make_unique<SearchMemory>())
+    : m_rules(std::make_unique<RuleSearch>(std::move(grammar))), m_memory(std::make_unique<LineMemory>())
 {}
 
 GrammarProcessor::~GrammarProcessor() = default;
@@ -37,9 +37,8 @@ TokenList GrammarProcessor::tokenise(const QString& text, const Continuation& co
 {
     GrammarLine line(text, *m_rules, *m_memory);
     const ProcessResult result =
-        continuation
-            ? continueAll(line, continuation)
-            : std::make_shared<RootProcessorStackItem>(m_rules->grammar().scopeName(), 0)->process(line);
+        continuation ? continueAll(line, continuation)
+                     : std::make_shared<RootProcessorStackItem>(m_rules->rootScopes(), 0)->process(line);
     const auto* open = std::get_if<Continued>(&result);
     return {line.tokens().take(), open ? open->continuation : nullptr};
 }

@@ -12,7 +12,7 @@ namespace Halvorin::TextMate {
 
 class Grammar;
 class RuleSearch;
-class SearchMemory;
+class LineMemory;
 
 using Continuation = std::shared_ptr<const AbstractContinuationProcessorStackItem>;
 
@@ -56,7 +56,7 @@ public:
 
 private:
     std::unique_ptr<RuleSearch> m_rules;
-    std::unique_ptr<SearchMemory> m_memory;
+    std::unique_ptr<LineMemory> m_memory;
 };
 
 } // namespace Halvorin::TextMate

@@ -38,6 +38,13 @@ std::vector<GrammarRule> readRules(const QJsonValue& value)
     return rules;
 }
 
+/// A value that is no text is an empty expression, which matches nothing.
+template <class Expression>
+Expression readExpression(const QJsonValue& value)
+{
+    return value.isString() ? Expression(value.toString()) : Expression();
+}
+
 struct Key
 {
     const char* name;
@@ -46,9 +53,12 @@ struct Key
 
 constexpr std::array<Key, 10> keys{{
     {"name", [](GrammarRule& rule, const QJsonValue& value) { rule.name = value.toString(); }},
-    {"match", [](GrammarRule& rule, const QJsonValue& value) { rule.match.emplace(value.toString()); }},
-    {"begin", [](GrammarRule& rule, const QJsonValue& value) { rule.begin.emplace(value.toString()); }},
-    {"end", [](GrammarRule& rule, const QJsonValue& value) { rule.end.emplace(value.toString()); }},
+    {"match", [](GrammarRule& rule,
+                 const QJsonValue& value) { rule.match = readExpression<GrammarExpression>(value); }},
+    {"begin", [](GrammarRule& rule,
+                 const QJsonValue& value) { rule.begin = readExpression<GrammarExpression>(value); }},
+    {"end", [](GrammarRule& rule,
+               const QJsonValue& value) { rule.end = readExpression<EndGrammarExpression>(value); }},
     {"contentName", [](GrammarRule& rule, const QJsonValue& value) { rule.contentName = value.toString(); }},
     {"captures", [](GrammarRule& rule, const QJsonValue& value) { rule.captures = readCaptures(value); }},
     {"beginCaptures",

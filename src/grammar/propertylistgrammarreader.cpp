@@ -19,13 +19,34 @@ public:
     GrammarData read()
     {
         GrammarData data;
-        if (m_xml.readNextStartElement() && m_xml.name() == QLatin1String("plist") &&
-            m_xml.readNextStartElement())
+        refuseEntities();
+        if (m_xml.isStartElement() && m_xml.name() == QLatin1String("plist") &&
+            m_xml.readNextStartElement() && m_xml.name() == QLatin1String("dict"))
             readDictionary([this, &data](const QString& key) { return readGrammarKey(data, key); });
+        else if (!m_xml.hasError())
+            m_xml.raiseError(QStringLiteral("there is no dict in a plist"));
         return data;
     }
 
+    /// What is wrong with the XML, and where; empty when nothing is.
+    QString error() const
+    {
+        return m_xml.hasError()
+                   ? QStringLiteral("%1 (line %2)").arg(m_xml.errorString()).arg(m_xml.lineNumber())
+                   : QString();
+    }
+
 private:
+    /// Goes to the first element. No grammar needs entities of its own, and a few of them make a large text
+    /// of a small file.
+    void refuseEntities()
+    {
+        while (!m_xml.atEnd() && m_xml.readNext() != QXmlStreamReader::StartElement) {
+            if (!m_xml.entityDeclarations().isEmpty())
+                m_xml.raiseError(QStringLiteral("entities are declared"));
+        }
+    }
+
     /// Reads the value of each key of a dict. `readValue` takes the element that the reader stands on and
     /// gives true, or leaves it alone.
     template <class ReadValue>
@@ -53,6 +74,16 @@ private:
             return m_xml.skipCurrentElement();
         while (m_xml.readNextStartElement())
             readElement();
+    }
+
+    /// A value that is no text is an empty expression, which matches nothing.
+    template <class Expression>
+    Expression readExpression()
+    {
+        if (m_xml.name() == QLatin1String("string"))
+            return Expression(readText());
+        m_xml.skipCurrentElement();
+        return Expression();
     }
 
     QString readText() { return m_xml.readElementText(QXmlStreamReader::SkipChildElements); }
@@ -103,9 +134,36 @@ private:
 
     bool readRuleKey(GrammarRule& rule, const QString& key)
     {
+        struct Key
+        {
+            const char* name;
+            void (*take)(PropertyListReader& reader, GrammarRule& into);
+        };
+
+        static constexpr std::array<Key, 10> keys{{
+            {"name", [](PropertyListReader& reader, GrammarRule& into) { into.name = reader.readText(); }},
+            {"match", [](PropertyListReader& reader,
+                         GrammarRule& into) { into.match = reader.readExpression<GrammarExpression>(); }},
+            {"begin", [](PropertyListReader& reader,
+                         GrammarRule& into) { into.begin = reader.readExpression<GrammarExpression>(); }},
+            {"end", [](PropertyListReader& reader,
+                       GrammarRule& into) { into.end = reader.readExpression<EndGrammarExpression>(); }},
+            {"contentName",
+             [](PropertyListReader& reader, GrammarRule& into) { into.contentName = reader.readText(); }},
+            {"captures",
+             [](PropertyListReader& reader, GrammarRule& into) { into.captures = reader.readCaptures(); }},
+            {"beginCaptures", [](PropertyListReader& reader,
+                                 GrammarRule& into) { into.beginCaptures = reader.readCaptures(); }},
+            {"endCaptures",
+             [](PropertyListReader& reader, GrammarRule& into) { into.endCaptures = reader.readCaptures(); }},
+            {"include",
+             [](PropertyListReader& reader, GrammarRule& into) { into.include = reader.readText(); }},
+            {"patterns",
+             [](PropertyListReader& reader, GrammarRule& into) { into.patterns = reader.readRules(); }},
+        }};
         for (const Key& row : keys) {
             if (key == QLatin1String(row.name)) {
-                row.read(*this, rule);
+                row.take(*this, rule);
                 return true;
             }
         }
@@ -145,41 +203,18 @@ private:
         return capture;
     }
 
-    struct Key
-    {
-        const char* name;
-        void (*read)(PropertyListReader& reader, GrammarRule& rule);
-    };
-
-    static constexpr std::array<Key, 10> keys{{
-        {"name", [](PropertyListReader& reader, GrammarRule& rule) { rule.name = reader.readText(); }},
-        {"match",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.match.emplace(reader.readText()); }},
-        {"begin",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.begin.emplace(reader.readText()); }},
-        {"end", [](PropertyListReader& reader, GrammarRule& rule) { rule.end.emplace(reader.readText()); }},
-        {"contentName",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.contentName = reader.readText(); }},
-        {"captures",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.captures = reader.readCaptures(); }},
-        {"beginCaptures",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.beginCaptures = reader.readCaptures(); }},
-        {"endCaptures",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.endCaptures = reader.readCaptures(); }},
-        {"include", [](PropertyListReader& reader, GrammarRule& rule) { rule.include = reader.readText(); }},
-        {"patterns",
-         [](PropertyListReader& reader, GrammarRule& rule) { rule.patterns = reader.readRules(); }},
-    }};
-
     QXmlStreamReader m_xml;
     int m_depth = 0;
 };
 
 } // namespace
 
-GrammarData readPropertyListGrammar(QIODevice& device)
+GrammarData readPropertyListGrammar(QIODevice& device, QString& error)
 {
-    return PropertyListReader(device).read();
+    PropertyListReader reader(device);
+    GrammarData data = reader.read();
+    error = reader.error();
+    return data;
 }
 
 } // namespace Halvorin::TextMate

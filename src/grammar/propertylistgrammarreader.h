@@ -8,8 +8,8 @@ class QIODevice;
 namespace Halvorin::TextMate {
 
 /// The grammar in an XML property list. Keys that are not ours are passed over; what stands before a fault of
-/// the XML counts.
-GrammarData readPropertyListGrammar(QIODevice& device);
+/// the XML counts, and `error` says what the fault is.
+GrammarData readPropertyListGrammar(QIODevice& device, QString& error);
 
 } // namespace Halvorin::TextMate
 

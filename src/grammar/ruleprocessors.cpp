@@ -5,21 +5,10 @@
 
 namespace Halvorin::TextMate {
 
-namespace {
-
-QStringList withScope(QStringList scopes, const std::optional<QString>& scope)
-{
-    if (scope)
-        scopes.append(*scope);
-    return scopes;
-}
-
-} // namespace
-
 AbstractMatchRuleProcessorStackItem::AbstractMatchRuleProcessorStackItem(
-    RuleMatch match, const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
+    GrammarLine& line, RuleMatch match, const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
     : AbstractRuleProcessorStackItem(*match.rule, match.match.capturedStart(0), match.match.capturedEnd(0),
-                                     withScope(parent->scopes(), match.rule->rule->name), parent),
+                                     line.scopesWith(parent->scopes(), match.rule->rule->name), parent),
       m_match(std::move(match.match))
 {}
 
@@ -33,13 +22,14 @@ ProcessResult MatchProcessorStackItem::process(GrammarLine& line)
 std::shared_ptr<const AbstractContinuationProcessorStackItem>
 MatchProcessorStackItem::makeContinuation() const
 {
-    return std::make_shared<MatchContinuationProcessorStackItem>(rule(), scopes(),
+    return std::make_shared<MatchContinuationProcessorStackItem>(rule(), scopes(), depth(),
                                                                  parent()->makeContinuation());
 }
 
 BeginEndProcessorStackItem::BeginEndProcessorStackItem(
     const BeginEndContinuationProcessorStackItem& continuation, int position)
-    : AbstractMatchRuleProcessorStackItem(continuation.rule(), position, continuation.scopes()),
+    : AbstractMatchRuleProcessorStackItem(continuation.rule(), position, continuation.scopes(),
+                                          continuation.depth()),
       m_continuation(continuation.shared_from_this()), m_beginCaptures(continuation.beginCaptures())
 {}
 
@@ -48,8 +38,9 @@ ProcessResult BeginEndProcessorStackItem::process(GrammarLine& line)
     const GrammarRule& source = *rule().rule;
     line.addCaptures(match(), source.beginCaptures, scopes());
     line.addCaptures(match(), source.captures, scopes());
-    if (source.end && source.end->hasBackReference()) {
-        for (int group = 0; group <= match().lastCapturedIndex(); ++group)
+    if (rule().endSpeaksOfBegin()) {
+        m_beginCaptures.append(QString()); // nothing speaks of the whole match
+        for (int group = 1; group <= match().lastCapturedIndex(); ++group)
             m_beginCaptures.append(line.captured(match(), group));
     }
     return processContent(line);
@@ -58,12 +49,19 @@ ProcessResult BeginEndProcessorStackItem::process(GrammarLine& line)
 ProcessResult BeginEndProcessorStackItem::processContent(GrammarLine& line)
 {
     const auto self = std::static_pointer_cast<BeginEndProcessorStackItem>(shared_from_this());
-    const auto content = std::make_shared<ContentProcessorStackItem>(self, end());
+    const auto content = std::make_shared<ContentProcessorStackItem>(line, self, end());
     const ProcessResult result = content->process(line);
     if (const auto* completed = std::get_if<Completed>(&result))
         return finish(line, completed->end);
     setEnd(line.length());
-    return result; // with all that is around the innermost item, this one among it
+    return result; // it has the continuation of all that is around the innermost item, this one among it
+}
+
+bool BeginEndProcessorStackItem::matchEnd(GrammarLine& line, int position, Match& match)
+{
+    if (!m_end)
+        m_end = rule().endSpeaksOfBegin() ? line.rules().endOf(rule(), m_beginCaptures) : rule().end;
+    return line.match(*m_end, position, anchor(), match);
 }
 
 ProcessResult BeginEndProcessorStackItem::finish(GrammarLine& line, int position)
@@ -72,13 +70,13 @@ ProcessResult BeginEndProcessorStackItem::finish(GrammarLine& line, int position
     const GrammarRule& source = *rule().rule;
     TokenBuilder& tokens = line.tokens();
     Match endMatch;
-    if (!line.match(rule().end, position, anchor(), m_beginCaptures, endMatch)) {
-        tokens.fillToken(anchor(), line.length() - anchor(), contentScopes());
+    if (!matchEnd(line, position, endMatch)) {
+        tokens.fillToken(anchor(), line.length() - anchor(), contentScopes(line));
         tokens.fillToken(start(), length(), scopes());
         setEnd(line.length());
         return Continued{line.length(), makeContinuation()};
     }
-    tokens.fillToken(anchor(), endMatch.capturedStart(0) - anchor(), contentScopes());
+    tokens.fillToken(anchor(), endMatch.capturedStart(0) - anchor(), contentScopes(line));
     line.addCaptures(endMatch, source.captures, scopes());
     line.addCaptures(endMatch, source.endCaptures, scopes());
     setEnd(endMatch.capturedEnd(0));
@@ -92,12 +90,12 @@ BeginEndProcessorStackItem::makeContinuation() const
     if (m_continuation)
         return m_continuation;
     return std::make_shared<BeginEndContinuationProcessorStackItem>(rule(), m_beginCaptures, scopes(),
-                                                                    parent()->makeContinuation());
+                                                                    depth(), parent()->makeContinuation());
 }
 
-QStringList BeginEndProcessorStackItem::contentScopes() const
+const QStringList& BeginEndProcessorStackItem::contentScopes(GrammarLine& line) const
 {
-    return withScope(scopes(), rule().rule->contentName);
+    return line.scopesWith(scopes(), rule().rule->contentName);
 }
 
 } // namespace Halvorin::TextMate

@@ -16,6 +16,10 @@ protected:
                                    const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
         : AbstractGrammarProcessorStackItem(start, end, scopes, parent), m_rule(rule)
     {}
+    AbstractRuleProcessorStackItem(const ResolvedRule& rule, int start, int end, const QStringList& scopes,
+                                   int depth)
+        : AbstractGrammarProcessorStackItem(start, end, scopes, depth), m_rule(rule)
+    {}
 
 private:
     const ResolvedRule& m_rule;
@@ -25,11 +29,12 @@ private:
 class AbstractMatchRuleProcessorStackItem : public AbstractRuleProcessorStackItem
 {
 protected:
-    AbstractMatchRuleProcessorStackItem(RuleMatch match,
+    AbstractMatchRuleProcessorStackItem(GrammarLine& line, RuleMatch match,
                                         const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent);
     /// One that matched on an earlier line and goes on at a position.
-    AbstractMatchRuleProcessorStackItem(const ResolvedRule& rule, int position, const QStringList& scopes)
-        : AbstractRuleProcessorStackItem(rule, position, position, scopes, nullptr)
+    AbstractMatchRuleProcessorStackItem(const ResolvedRule& rule, int position, const QStringList& scopes,
+                                        int depth)
+        : AbstractRuleProcessorStackItem(rule, position, position, scopes, depth)
     {}
 
     const Match& match() const { return m_match; }
@@ -42,8 +47,9 @@ private:
 class MatchProcessorStackItem : public AbstractMatchRuleProcessorStackItem
 {
 public:
-    MatchProcessorStackItem(RuleMatch match, const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
-        : AbstractMatchRuleProcessorStackItem(std::move(match), parent)
+    MatchProcessorStackItem(GrammarLine& line, RuleMatch match,
+                            const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
+        : AbstractMatchRuleProcessorStackItem(line, std::move(match), parent)
     {}
 
     ProcessResult process(GrammarLine& line) override;
@@ -56,9 +62,9 @@ class BeginEndContinuationProcessorStackItem;
 class BeginEndProcessorStackItem : public AbstractMatchRuleProcessorStackItem
 {
 public:
-    BeginEndProcessorStackItem(RuleMatch match,
+    BeginEndProcessorStackItem(GrammarLine& line, RuleMatch match,
                                const std::shared_ptr<AbstractGrammarProcessorStackItem>& parent)
-        : AbstractMatchRuleProcessorStackItem(std::move(match), parent)
+        : AbstractMatchRuleProcessorStackItem(line, std::move(match), parent)
     {}
     /// The item of an earlier line, which goes on at a position.
     BeginEndProcessorStackItem(const BeginEndContinuationProcessorStackItem& continuation, int position);
@@ -66,18 +72,19 @@ public:
     ProcessResult process(GrammarLine& line) override;
     /// Runs the content from the item's end on, then looks for "end".
     ProcessResult processContent(GrammarLine& line);
+    /// Whether "end" matches at or behind a position.
+    bool matchEnd(GrammarLine& line, int position, Match& match);
     /// Looks for "end" from a position on.
     ProcessResult finish(GrammarLine& line, int position);
 
     std::shared_ptr<const AbstractContinuationProcessorStackItem> makeContinuation() const override;
 
-    QStringList contentScopes() const;
-    /// The texts of the groups of "begin", when "end" speaks of them.
-    const QStringList& beginCaptures() const { return m_beginCaptures; }
+    const QStringList& contentScopes(GrammarLine& line) const;
 
 private:
     std::shared_ptr<const AbstractContinuationProcessorStackItem> m_continuation; ///< of the earlier line
-    QStringList m_beginCaptures;
+    QStringList m_beginCaptures; ///< the texts of the groups of "begin", when "end" speaks of them
+    std::optional<PreparedExpression> m_end; ///< with them
 };
 
 } // namespace Halvorin::TextMate

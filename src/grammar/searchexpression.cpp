@@ -1,6 +1,8 @@
 #include "grammar/searchexpression.h"
 
-#include "HalvCore/application.h"
+#include "grammar/grammarlog.h"
+
+#include <utility>
 
 #define PCRE2_CODE_UNIT_WIDTH 16
 #include <pcre2.h>
@@ -8,6 +10,9 @@
 namespace Halvorin::TextMate {
 
 namespace {
+
+/// How much of a pattern a log line shows: one that was made of captured text may be long.
+constexpr int shownLength = 200;
 
 /// What a match needs beside the expression, one set for each thread: its place for the positions grows with
 /// the expressions.
@@ -31,18 +36,18 @@ public:
 
     pcre2_match_context_16* context() const { return m_context; }
 
-    pcre2_match_data_16* data(const pcre2_code_16* code)
+    pcre2_match_data_16* data(std::uint32_t groups)
     {
-        std::uint32_t groups = 0;
-        pcre2_pattern_info_16(code, PCRE2_INFO_CAPTURECOUNT, &groups);
-        if (m_data == nullptr || groups >= pcre2_get_ovector_count_16(m_data)) {
+        if (groups > m_groups) {
             pcre2_match_data_free_16(m_data);
-            m_data = pcre2_match_data_create_16(groups + 1, nullptr);
+            m_data = pcre2_match_data_create_16(groups, nullptr);
+            m_groups = groups;
         }
         return m_data;
     }
 
-    pcre2_match_data_16* lastData() const { return m_data; }
+    const PCRE2_SIZE* offsets() const { return pcre2_get_ovector_pointer_16(m_data); }
+    int attempt() const { return static_cast<int>(pcre2_get_startchar_16(m_data)); }
 
 private:
     // what Qt gives its own matches
@@ -52,6 +57,7 @@ private:
     pcre2_match_context_16* m_context;
     pcre2_jit_stack_16* m_stack;
     pcre2_match_data_16* m_data = nullptr;
+    std::uint32_t m_groups = 0;
 };
 
 MatchSpace& matchSpace()
@@ -62,7 +68,24 @@ MatchSpace& matchSpace()
 
 PCRE2_SPTR16 units(const QString& text)
 {
-    return reinterpret_cast<PCRE2_SPTR16>(text.utf16());
+    return reinterpret_cast<PCRE2_SPTR16>(text.constData());
+}
+
+/// What a unit that PCRE2 tells of an expression stands for: it does not tell whether it ignores the case.
+UnitSet eitherCase(std::uint32_t unit)
+{
+    UnitSet set;
+    const bool isLetter = (unit >= 'A' && unit <= 'Z') || (unit >= 'a' && unit <= 'z');
+    if (unit > 127) {
+        set.insertAll();
+    } else if (isLetter) {
+        set.insert(unit & ~0x20U);
+        set.insert(unit | 0x20U);
+        set.insert(0x212A); // the Kelvin sign is another K, and there is another S
+    } else {
+        set.insert(unit);
+    }
+    return set;
 }
 
 } // namespace
@@ -74,15 +97,45 @@ void SearchExpression::Free::operator()(pcre2_real_code_16* code) const
 
 SearchExpression::SearchExpression(const QString& pattern)
     : m_pattern(pattern),
-      m_isRepeatable(!pattern.contains(QLatin1String("\\K")) && !pattern.contains(QLatin1String("(*")) &&
-                     !pattern.contains(QLatin1String("\\G")))
+      m_isRepeatable(!pattern.contains(QLatin1String("(*")) && !pattern.contains(QLatin1String("\\G")))
 {
     int error = 0;
     PCRE2_SIZE offset = 0;
     m_code.reset(pcre2_compile_16(units(pattern), static_cast<PCRE2_SIZE>(pattern.size()), PCRE2_UTF, &error,
                                   &offset, nullptr));
     if (m_code)
-        pcre2_jit_compile_16(m_code.get(), PCRE2_JIT_COMPLETE);
+        prepare();
+}
+
+void SearchExpression::prepare()
+{
+    m_isFast = pcre2_jit_compile_16(m_code.get(), PCRE2_JIT_COMPLETE) == 0;
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_CAPTURECOUNT, &m_groups);
+    ++m_groups;
+
+    m_first.insertAll();
+    m_required.insertAll();
+    const std::uint8_t* starts = nullptr;
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTBITMAP, &starts);
+    if (starts != nullptr) {
+        m_first = {};
+        for (unsigned first = 0; first < 256; ++first) {
+            if ((starts[first / 8] >> first % 8 & 1) != 0)
+                m_first.insert(first);
+        }
+    }
+    std::uint32_t isKnown = 0; // 2 stands for the start of a line
+    std::uint32_t unit = 0;
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTCODETYPE, &isKnown);
+    if (isKnown == 1) {
+        pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_FIRSTCODEUNIT, &unit);
+        m_first = eitherCase(unit);
+    }
+    pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_LASTCODETYPE, &isKnown);
+    if (isKnown == 1) {
+        pcre2_pattern_info_16(m_code.get(), PCRE2_INFO_LASTCODEUNIT, &unit);
+        m_required = eitherCase(unit);
+    }
 }
 
 int SearchExpression::run(const QString& line, int from) const
@@ -90,20 +143,27 @@ int SearchExpression::run(const QString& line, int from) const
     if (!m_code || from > line.size())
         return PCRE2_ERROR_NOMATCH;
     MatchSpace& space = matchSpace();
-    const int result = pcre2_match_16(m_code.get(), units(line), static_cast<PCRE2_SIZE>(line.size()),
-                                      static_cast<PCRE2_SIZE>(from), PCRE2_NO_UTF_CHECK,
-                                      space.data(m_code.get()), space.context());
+    const auto search = m_isFast ? pcre2_jit_match_16 : pcre2_match_16;
+    const int result =
+        search(m_code.get(), units(line), static_cast<PCRE2_SIZE>(line.size()), static_cast<PCRE2_SIZE>(from),
+               m_isFast ? 0 : PCRE2_NO_UTF_CHECK, space.data(m_groups), space.context());
     if (result < PCRE2_ERROR_NOMATCH && !std::exchange(m_limitLogged, true))
-        System::Application::instance().logger().diagnostic(
-            "grammar", ("an expression was given up on a long line: " + m_pattern.toStdString()).c_str());
+        logDiagnostic(QStringLiteral("an expression was given up on a long line: ") +
+                      m_pattern.left(shownLength));
+    if (result > 0) {
+        const PCRE2_SIZE* const offsets = space.offsets();
+        if (offsets[0] < static_cast<PCRE2_SIZE>(from) || offsets[1] < offsets[0])
+            return PCRE2_ERROR_NOMATCH; // a subroutine can move the start to wherever it likes
+    }
     return result;
 }
 
-int SearchExpression::find(const QString& line, int from) const
+SearchExpression::Hit SearchExpression::find(const QString& line, int from) const
 {
-    if (run(line, from) <= 0)
-        return -1;
-    return static_cast<int>(pcre2_get_ovector_pointer_16(matchSpace().lastData())[0]);
+    const int result = run(line, from);
+    if (result <= 0)
+        return {.isGivenUp = result < PCRE2_ERROR_NOMATCH};
+    return {static_cast<int>(matchSpace().offsets()[0]), matchSpace().attempt(), false};
 }
 
 bool SearchExpression::match(const QString& line, int from, Match& match) const
@@ -111,7 +171,7 @@ bool SearchExpression::match(const QString& line, int from, Match& match) const
     const int count = run(line, from);
     if (count <= 0)
         return false;
-    const PCRE2_SIZE* const offsets = pcre2_get_ovector_pointer_16(matchSpace().lastData());
+    const PCRE2_SIZE* const offsets = matchSpace().offsets();
     std::vector<int> positions(static_cast<std::size_t>(count) * 2);
     for (std::size_t index = 0; index < positions.size(); ++index)
         positions[index] = offsets[index] == PCRE2_UNSET ? -1 : static_cast<int>(offsets[index]);

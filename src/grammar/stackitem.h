@@ -70,6 +70,10 @@ protected:
         : AbstractTokenStackItem(start, end), m_scopes(scopes), m_depth(parent ? parent->depth() + 1 : 0),
           m_parent(parent)
     {}
+    /// One that goes on from an earlier line: its continuation knows what is around it.
+    AbstractGrammarProcessorStackItem(int start, int end, const QStringList& scopes, int depth)
+        : AbstractTokenStackItem(start, end), m_scopes(scopes), m_depth(depth)
+    {}
 
     /// Raises std::bad_weak_ptr when the item around is gone, which is a fault of the program.
     std::shared_ptr<AbstractGrammarProcessorStackItem> parent() const

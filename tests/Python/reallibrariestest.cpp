@@ -4,6 +4,7 @@
 #include "support/environmentvariable.h"
 #include "support/fakeprogram.h"
 #include "support/process.h"
+#include "testpaths.h"
 
 namespace fs = std::filesystem;
 using Halvorin::System::FilePath;

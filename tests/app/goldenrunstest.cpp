@@ -45,7 +45,7 @@ protected:
     /// Runs from inside the device's folder: no path of this machine gets into what is compared.
     ProcessResult runIn(const fs::path& device, std::vector<std::string> arguments) const
     {
-        arguments.insert(arguments.begin(), {HALVORIN_PROGRAM, "run", "definition.json"});
+        arguments.insert(arguments.begin(), {builtProgram("halvorin"), "run", "definition.json"});
         ProcessOptions options;
         options.folder = device.native();
         options.environment.emplace_back("XDG_CONFIG_HOME", (folder / "config").native());

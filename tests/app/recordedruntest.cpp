@@ -29,8 +29,8 @@ TEST_F(Run, RepeatsARecordingToTheByteWithoutTheFilesItCameFrom)
 
         std::filesystem::create_directory(folder / "elsewhere");
         std::filesystem::rename(folder / "r.json", folder / "elsewhere/r.json");
-        std::vector<std::string> again{HALVORIN_PROGRAM, "run",      "--replay",
-                                       "r.json",         "--record", "again.json"};
+        std::vector<std::string> again{
+            builtProgram("halvorin"), "run", "--replay", "r.json", "--record", "again.json"};
         again.insert(again.end(), reports.begin(), reports.end());
         ProcessOptions options;
         options.folder = (folder / "elsewhere").native();

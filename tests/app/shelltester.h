@@ -10,7 +10,7 @@ class ShellTester : public testing::Test
 protected:
     ProcessResult run(const std::vector<std::string>& arguments, ProcessOptions options = {}) const
     {
-        std::vector<std::string> command{HALVORIN_PROGRAM};
+        std::vector<std::string> command{builtProgram("halvorin")};
         command.insert(command.end(), arguments.begin(), arguments.end());
         options.folder = folder.path().native();
         options.environment.emplace_back("XDG_CONFIG_HOME", (folder / "config").native());
@@ -22,7 +22,7 @@ protected:
     {
         options.folder = folder.path().native();
         options.environment.emplace_back("XDG_CONFIG_HOME", (folder / "config").native());
-        return runProcess({"sh", "-c", line, HALVORIN_PROGRAM}, options);
+        return runProcess({"sh", "-c", line, builtProgram("halvorin")}, options);
     }
 
     TemporaryFolder folder;

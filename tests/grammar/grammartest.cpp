@@ -1,6 +1,8 @@
 #include "grammar/grammar.h"
 
+#include "grammar/debugstream.h"
 #include "grammar/grammartester.h"
+#include "support/qtcore/hostlog.h"
 #include "support/temporaryfolder.h"
 
 #include <QCborMap>
@@ -10,30 +12,6 @@
 using namespace Halvorin::TextMate;
 
 namespace {
-
-/// What is written to Qt's debug stream while this stands, a message each.
-class DebugStream
-{
-public:
-    DebugStream() : m_before(qInstallMessageHandler(take)) { messages().clear(); }
-    DebugStream(const DebugStream&) = delete;
-    DebugStream& operator=(const DebugStream&) = delete;
-    ~DebugStream() { qInstallMessageHandler(m_before); }
-
-    static QStringList& messages()
-    {
-        static QStringList list;
-        return list;
-    }
-
-private:
-    static void take(QtMsgType, const QMessageLogContext&, const QString& message)
-    {
-        messages().append(message);
-    }
-
-    QtMessageHandler m_before;
-};
 
 constexpr auto wholeGrammar = R"json({
     "name": "Test", "version": "1", "information_for_contributors": ["none"],
@@ -45,7 +23,7 @@ constexpr auto wholeGrammar = R"json({
          "endCaptures": {"0": {"name": "close"}}, "patterns": [{"include": "$self"}]}]}}})json";
 
 constexpr auto wholePropertyList = R"xml(<?xml version="1.0" encoding="UTF-8"?>
-<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
+<!DOCTYPE plist>
 <plist version="1.0"><dict>
   <key>name</key><string>Test</string>
   <key>scopeName</key><string>source.test</string>
@@ -153,6 +131,37 @@ TEST_F(GrammarFile, IsEmptyWhenItCannotBeRead)
         EXPECT_TRUE(grammar.patterns().empty());
 }
 
+TEST_F(GrammarFile, SaysWhyItCannotBeRead)
+{
+    const std::string start = "diagnostic: grammar: unable to read grammar: ";
+    const std::vector<std::pair<const char*, std::string>> files{
+        {"g.json", "not JSON"},
+        {"g.json", "[]"},
+        {"g.dat", "\xff"},
+        {"g.dat", "\x80"},
+        {"g.tmLanguage", "<a"},
+        {"g.tmLanguage", "<plist><array/></plist>"},
+        {"g.tmLanguage", "<plist><dict><key>patterns</key><array>"}};
+    for (const auto& [name, content] : files) {
+        const HostLog log;
+        load(name, content);
+        ASSERT_EQ(log.lines().size(), 1U) << content;
+        EXPECT_TRUE(log.lines()[0].starts_with(start)) << log.lines()[0];
+        EXPECT_GT(log.lines()[0].size(), start.size()) << content;
+    }
+    const HostLog log;
+    load("g.json", "[]");
+    EXPECT_EQ(log.lines(), std::vector<std::string>{start + "there is no object in it"});
+}
+
+TEST_F(GrammarFile, ThatCannotBeOpenedIsEmptyWithoutAReport)
+{
+    const HostLog log;
+    EXPECT_TRUE(Grammar(QStringLiteral("/nowhere/g.json")).patterns().empty());
+    EXPECT_TRUE(load("g.txt", wholeGrammar).patterns().empty());
+    EXPECT_TRUE(log.lines().empty());
+}
+
 TEST_F(GrammarFile, HasEmptyMarkersWhereTheFileHasNone)
 {
     const Grammar grammar = load("g.json", R"({"scopeName": "s"})");
@@ -187,6 +196,70 @@ TEST_F(GrammarFile, SaysWhichKeysOfAPropertyListItSkips)
                          "<key>comment</key><string>no</string></dict></array></dict></plist>");
     EXPECT_EQ(DebugStream::messages(),
               (QStringList{QStringLiteral("skipped: uuid"), QStringLiteral("skipped: comment")}));
+}
+
+TEST_F(GrammarFile, SaysWhichKeysOfACaptureInAPropertyListItDoesNotKnow)
+{
+    const DebugStream stream;
+    const Grammar grammar = load(
+        "g.tmLanguage",
+        "<plist><dict><key>patterns</key><array><dict><key>match</key><string>x</string><key>captures</key>"
+        "<dict><key>1</key><dict><key>name</key><string>a</string><key>patterns</key><array/></dict></dict>"
+        "</dict></array></dict></plist>");
+    EXPECT_EQ(grammar.patterns()[0].captures.at(1).name, QStringLiteral("a"));
+    EXPECT_EQ(DebugStream::messages(), QStringList{QStringLiteral("extra keys: patterns")});
+}
+
+TEST_F(GrammarFile, PassesOverCapturesThatAreNoRecords)
+{
+    const Grammar grammar = load(
+        "g.tmLanguage",
+        "<plist><dict><key>patterns</key><array><dict><key>captures</key><dict><key>1</key><string>a</string>"
+        "<key>x</key><dict/><key>2</key><dict/></dict><key>match</key><string>x</string></dict></array></"
+        "dict>"
+        "</plist>");
+    ASSERT_EQ(grammar.patterns().size(), 1U);
+    EXPECT_EQ(grammar.patterns()[0].captures.size(), 1U);
+    EXPECT_EQ(grammar.patterns()[0].captures.count(2), 1U);
+    EXPECT_EQ(grammar.patterns()[0].match->pattern(), QStringLiteral("x"));
+}
+
+TEST_F(GrammarFile, KeepsCarriageReturnsOfCbor)
+{
+    const Grammar grammar =
+        load("g.dat", binary(R"({"patterns": [{"match": "a\rb", "name": "thirteen long"}]})"));
+    ASSERT_EQ(grammar.patterns().size(), 1U);
+    EXPECT_EQ(grammar.patterns()[0].match->pattern(), QStringLiteral("a\rb"));
+    EXPECT_EQ(grammar.patterns()[0].name, QStringLiteral("thirteen long"));
+}
+
+TEST_F(GrammarFile, PassesOverRulesOfAPropertyListThatAreTooDeep)
+{
+    std::string open;
+    std::string close;
+    for (int depth = 0; depth < 2000; ++depth) {
+        open += "<key>patterns</key><array><dict>";
+        close += "</dict></array>";
+    }
+    const Grammar grammar = load("g.tmLanguage", "<plist><dict>" + open + close + "</dict></plist>");
+    int depth = 0;
+    for (const std::vector<GrammarRule>* rules = &grammar.patterns(); !rules->empty(); ++depth) {
+        if (!rules->front().patterns)
+            break;
+        rules = &*rules->front().patterns;
+    }
+    EXPECT_EQ(depth, 500);
+}
+
+TEST_F(GrammarFile, RefusesEntitiesOfAPropertyList)
+{
+    const HostLog log;
+    const Grammar grammar = load("g.tmLanguage", "<!DOCTYPE plist [<!ENTITY a \"aaaaaaaaaa\">]><plist><dict>"
+                                                 "<key>scopeName</key><string>&a;</string></dict></plist>");
+    EXPECT_EQ(grammar.scopeName(), QString());
+    EXPECT_EQ(log.lines(),
+              std::vector<std::string>{
+                  "diagnostic: grammar: unable to read grammar: entities are declared (line 1)"});
 }
 
 TEST_F(GrammarFile, SaysWhichExpressionIsNotValid)

@@ -2,6 +2,7 @@
 #include "support/smalldefinition.h"
 #include "support/temporaryfolder.h"
 #include "testfolders.h"
+#include "testpaths.h"
 
 #include <fstream>
 

@@ -1,5 +1,7 @@
 #include "languageserver/pyright.h"
 
+#include "languageserverpaths.h"
+
 #include <QFileInfo>
 
 #include <stdexcept>

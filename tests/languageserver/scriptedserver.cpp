@@ -1,5 +1,7 @@
 #include "languageserver/scriptedserver.h"
 
+#include "languageserverpaths.h"
+
 #include <QFile>
 #include <QJsonDocument>
 #include <QtTest/qtestsystem.h>

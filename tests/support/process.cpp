@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <grp.h>
 #include <stdexcept>
 #include <sys/resource.h>
@@ -115,4 +116,9 @@ void limitFileSize(std::size_t bytes)
     const rlimit limit{bytes, bytes};
     if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
         throw std::runtime_error("cannot limit the size of files");
+}
+
+std::string builtProgram(const std::string& name)
+{
+    return std::filesystem::read_symlink("/proc/self/exe").replace_filename(name).native();
 }

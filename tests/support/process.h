@@ -49,4 +49,7 @@ void limitFileSize(std::size_t bytes);
 /// has the exit code 127.
 ProcessResult runProcess(const std::vector<std::string>& command, const ProcessOptions& options = {});
 
+/// The path of another program of the same build: all stand in one folder.
+std::string builtProgram(const std::string& name);
+
 #endif

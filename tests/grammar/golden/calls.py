@@ -18,3 +18,7 @@ multi(
 x . y . z
 x.
 call(1)(
+x.\
+    y. \
+    z.\
+    call(1)

@@ -15,6 +15,11 @@ class Unfinished
 type Alias = int | str
 type Pair[T, *Ts] = tuple[T, *Ts]
 if x: type Inner = list[int]
+type \
+    Joined[T] \
+    = int
+type Broken \
+    = str
 type = 3
 type(x)
 type.mro(type)

@@ -13,3 +13,14 @@ def decorated(): pass
     def method(cls): return a @ b
 matrix = (a
           @ b)
+@False or null
+@lambda f: null(f)
+@x if y else not (z)
+@type
+@callable
+@value.type.property
+@(yield)
+@spaced (1, x=2)(3)
+@made(1)[0] @ (2)
+@"text".format("%s" % 1)
+def every(): pass

@@ -28,3 +28,30 @@ o = f'''{x:%Y
 p = f"goes \
 on {x}"
 q = f"{"\n".join(lines)}"
+r = f"{1 + 2 =  # a comment
+  }", f'{x  # a "comment'
+  + y}'
+x = f"{a['b'}"
+y = f"{foo("
+def one(a): pass
+y = f"{foo(a['b
+z = 3
+    @property
+    def two(self): pass
+y = f'{ {"a": [
+from .x import y
+y = rf'{(lambda a
+import y
+y = rf"{(x:
+for a in b: pass
+for a in b:
+y = f"{[
+    x for x in y
+    if x]} {[a
+    if b else c for d in e]} \
+return {x} \
+  class \
+
+def three(): pass
+f = rf'a \
+def {x}'

@@ -7,3 +7,17 @@ table = {"a": lambda: 1, "b": lambda x, y: x}
 cut = (lambda)
 split = lambda a, \
     b: a
+over = call(lambda x,
+            y=1: x, z=2)
+over = (lambda  # a comment
+        self, a, *b: a, c)
+over = [lambda a={1: 2} or  # a comment
+        3,
+        b=lambda: 0: b]
+class Over(make(lambda a,
+                b: b), metaclass=lambda *a,
+           **b: type(*a)): pass
+def default_over(key=lambda a,
+                 b=2: (a, b), c=3): pass
+cut = (lambda a,
+       b)

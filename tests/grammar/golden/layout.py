@@ -22,3 +22,25 @@ $ ? ` !
 unfinished(
 def misplaced(self):
     global name
+misplaced = (a, def, class,
+    global)
+class A(foo(
+    def four(self, a=[1,
+    def five(self, a: list[int) -> dict[str
+    def six(self): return (1, [2)
+@decorated(1,
+def seven(): pass
+x: int[
+while 1: pass
+from x import (
+    a, b
+class B: pass
+case foo(a, [b
+    return 1
+x = \
+   foo(
+def eight(): pass
+g = (a
+@ b)
+mismatched = (a, [b, {c), d]
+mismatched = {a: (b}

@@ -46,3 +46,48 @@ case.lower()
 case not in cases
 print(match, case, _)
 _ = 3
+match (
+        a,
+        b):
+match *a, b: pass
+match ...:
+match\
+        (x):
+    case -1: return 2
+    case -0.5 | -1j: pass
+    case - 1: pass
+    case (a |
+          b): pass
+    case [y, (a) |
+          b]: pass
+    case (  # remark
+          b): pass
+    case *a, b: pass
+    case *_,: pass
+    case(a, b): pass
+    case[1]: pass
+    case ("#", '(', ":"): pass
+    case(x, {1: 2}):  # remark
+    case \
+          5: pass
+match(x)  # foo:
+match(x, {f(1): 2})
+match(
+    x)
+case(x)  # foo:
+case(x, {f(1): 2})
+case(
+    x)
+case[1]: int = 3
+case[1:2] = 4
+case - 1
+case = -1
+match *= 2
+match .x
+match - x[1:2]
+case.x = {1: 2}
+match(x)[1:2] = {1: 2}
+case(x, lambda: 0)
+case *= 2
+case -= 2
+match -= 2

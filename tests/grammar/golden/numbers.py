@@ -7,3 +7,4 @@ imaginary = 1j + 1.5J + .5e3j + 00j
 wrong = 0123 + 1__0 + 1_ + 0x + 0xG + 0o8 + 0b2 + 1abc + 1.5.5 + 1e
 touching = 1if x else 2or 3 + 0x1for x in y
 members = 1..real + 1.5.imag + x.e1 + x1 + 1 .real
+words = 5or 6, 1.or 7, 2jand 0, 0xfor 1, 0o7not in x, 0b1is not y, 1e5if x else 2, 1_0else 0, .5in z, 00is w

@@ -1,6 +1,7 @@
 #include "HostSupport/fileversion.h"
 
 #include "support/temporaryfolder.h"
+#include "testpaths.h"
 
 #include <array>
 #include <elf.h>

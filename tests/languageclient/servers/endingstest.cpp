@@ -1,4 +1,5 @@
 #include "servedclient.h"
+#include "testpaths.h"
 
 #include <QProcess>
 #include <ostream>

@@ -79,11 +79,11 @@ TEST(Dispatch, TriesNoStateThatAConditionHasLeft)
 },
         "end": {"type": "atomic"})~"));
     actor.begin();
-const Trace trace = actor.send("go");
-EXPECT_THAT(trace, testing::Contains("asked for reenter"));
-// Of two equally deep states either may be tried first: here the one that came first.
-EXPECT_THAT(trace, testing::Not(testing::Contains("asked for x")));
-EXPECT_THAT(actor.active(), ElementsAre("end"));
+    const Trace trace = actor.send("go");
+    EXPECT_THAT(trace, testing::Contains("asked for reenter"));
+    // Of two equally deep states either may be tried first: here the one that came first.
+    EXPECT_THAT(trace, testing::Not(testing::Contains("asked for x")));
+    EXPECT_THAT(actor.active(), ElementsAre("end"));
 }
 
 TEST(Dispatch, EntersNoStateTwiceOnOneWay)
