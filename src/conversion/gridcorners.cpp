@@ -35,8 +35,11 @@ public:
     std::vector<Corner> walk()
     {
         std::vector<Corner> corners;
-        corners.reserve(static_cast<std::size_t>(m_view.lines.size() / 4 + 1) *
-                        static_cast<std::size_t>(m_view.width / 4 + 1));
+        std::size_t most = 0;
+        for (const QStringRef& line : m_view.lines)
+            most += static_cast<std::size_t>(line.count(QLatin1Char('+')));
+        corners.reserve(std::min(most, static_cast<std::size_t>(m_view.lines.size() / 4 + 1) *
+                                           static_cast<std::size_t>(m_view.width / 4 + 1)));
         leadsToCorner(0, 0);
         while (!m_open.empty()) {
             Corner corner = m_open.back();

@@ -1,28 +1,15 @@
 #include "conversion/rstconversionlibrary.h"
 
 #include "conversion/core/regexconversionrule.h"
+#include "conversion/core/wholecharacters.h"
 #include "conversion/paragraphtags.h"
 #include "conversion/scanners/expressions.h"
+
+#include <optional>
 
 namespace Halvorin::Text {
 
 namespace {
-
-/// A lone half of a character beyond the basic plane makes every expression fail.
-QString withoutLoneSurrogates(const QString& source)
-{
-    QString text = source;
-    for (int at = 0; at < text.size(); ++at) {
-        const QChar c = text.at(at);
-        if (!c.isSurrogate())
-            continue;
-        if (c.isHighSurrogate() && at + 1 < text.size() && text.at(at + 1).isLowSurrogate())
-            ++at;
-        else
-            text[at] = QChar::ReplacementCharacter;
-    }
-    return text;
-}
 
 QString wrapped(const char* before, const QStringRef& text, const char* behind)
 {
@@ -44,7 +31,7 @@ RSTConversionLibrary::RSTConversionLibrary()
 
 QString RSTConversionLibrary::convertToHTML(const QString& source) const
 {
-    return convertBlocks(withoutLoneSurrogates(source), 0);
+    return convertBlocks(wholeCharacters(source), 0);
 }
 
 QString RSTConversionLibrary::removeSurroundingParagraphTags(QString&& text) const

@@ -14,8 +14,8 @@ class Captures;
 ///     library.convertToHTML("**bold** text"); // "<p><b>bold</b> text</p>"
 ///
 /// It is made for documentation strings: no reference targets, footnotes or substitutions. Lines end with
-/// "\n"; nothing is escaped, so what is HTML in the source is HTML in the result. Nothing throws, and the
-/// time grows with the text.
+/// "\n"; nothing is escaped, so what is HTML in the source is HTML in the result. Time and memory
+/// grow with the text; nothing throws but what tells that there is no memory.
 class HALVWIDGETS_EXPORT RSTConversionLibrary : public ConversionLibrary
 {
 public:

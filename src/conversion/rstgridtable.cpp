@@ -1,6 +1,7 @@
 #include "conversion/rstgridtable.h"
 
 #include "conversion/core/conversionlibrary.h"
+#include "conversion/core/wholecharacters.h"
 #include "conversion/gridcorners.h"
 #include "conversion/paragraphtags.h"
 
@@ -55,6 +56,7 @@ RSTGridTable::RSTGridTable(const QStringRef& text, const QStringRef& indent)
             cell.content += view.lines[row].mid(view.indentWidth + cell.left + 1, cell.right - cell.left - 1);
             cell.content += QLatin1Char('\n');
         }
+        cell.content = wholeCharacters(std::move(cell.content)); // a border may cut one in two
         m_cells.push_back(std::move(cell));
     }
 }

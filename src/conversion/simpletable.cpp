@@ -2,6 +2,7 @@
 
 #include "conversion/core/characterclasses.h"
 #include "conversion/core/conversionlibrary.h"
+#include "conversion/core/wholecharacters.h"
 #include "conversion/paragraphtags.h"
 
 #include <QVector>
@@ -50,9 +51,11 @@ bool isSpanLine(const QStringRef& line)
     return false;
 }
 
-/// Each line of a row gives a blank to each cell. Of the lines that do not reach a cell no more do so than
-/// these, or a small text could become a very large one.
-constexpr int mostEmptyLines = 1000;
+/// Each line of a row gives a blank to each cell, and a row has a cell for each column, whether or not the
+/// text reaches it. Of such blanks and cells no more are written than these for the header and for the
+/// content each, or a small text could become a very large one.
+constexpr int mostUnreachedBlanks = 1'000'000;
+constexpr int mostUnreachedCells = 100'000;
 
 /// Rows of one kind of cell.
 class RowWriter
@@ -62,7 +65,7 @@ public:
         : m_library(library), m_columns(columns), m_tag(tag)
     {}
 
-    QString toHtml(const QStringRef& text) const
+    QString toHtml(const QStringRef& text)
     {
         const QVector<QStringRef> lines = text.split(QLatin1Char('\n'));
         QString result;
@@ -86,34 +89,56 @@ private:
         return text.trimmed().isEmpty();
     }
 
-    QString row(const QVector<QStringRef>& lines, const Columns& spans) const
+    QString row(const QVector<QStringRef>& lines, const Columns& spans)
     {
         const Columns& layout = spans.empty() ? m_columns : spans;
+        const std::vector<QString> cells = cellTexts(lines, layout);
         QString result = QStringLiteral("<tr>");
         std::size_t cursor = 0;
         for (std::size_t index = 0; index < layout.size(); ++index) {
+            if (index >= cells.size() && --m_unreachedCells < 0)
+                break;
             result += QLatin1Char('<') + m_tag;
             if (!spans.empty())
                 result += span(spans[index], cursor);
-            const QString cell = cellText(lines, layout[index], index + 1 == layout.size());
-            result += QLatin1Char('>') + withoutSurroundingParagraphTags(m_library.convertBlocks(cell, 0)) +
-                      QLatin1String("</") + m_tag + QLatin1Char('>');
+            result += QLatin1Char('>');
+            if (index < cells.size())
+                result += withoutSurroundingParagraphTags(m_library.convertBlocks(cells[index], 0));
+            result += QLatin1String("</") + m_tag + QLatin1Char('>');
         }
         return result += QLatin1String("</tr>");
     }
 
-    static QString cellText(const QVector<QStringRef>& lines, Column column, bool isLast)
+    /// The texts of the cells that a line reaches. The others have blanks alone, which convert to nothing.
+    std::vector<QString> cellTexts(const QVector<QStringRef>& lines, const Columns& layout)
     {
-        const bool isEmpty =
-            std::ranges::all_of(lines, [&](const QStringRef& line) { return line.size() <= column.start; });
-        if (isEmpty)
-            return QString(); // blanks would convert to the same
-        QString text;
-        int empty = 0;
-        for (const QStringRef& line : lines)
-            if (column.start < line.size() || ++empty <= mostEmptyLines)
-                text += line.mid(column.start, isLast ? -1 : column.length) + QLatin1Char(' ');
-        return text;
+        std::vector<QString> texts;
+        std::vector<int> linesOf; // that each cell has
+        for (int index = 0; index < lines.size(); ++index) {
+            const QStringRef& line = lines[index];
+            for (std::size_t at = 0; at < layout.size() && layout[at].start < line.size(); ++at) {
+                if (at == texts.size()) {
+                    texts.emplace_back();
+                    linesOf.push_back(0);
+                }
+                appendBlanks(texts[at], index - linesOf[at]);
+                linesOf[at] = index + 1;
+                const bool isLast = at + 1 == layout.size();
+                texts[at] += line.mid(layout[at].start, isLast ? -1 : layout[at].length) + QLatin1Char(' ');
+            }
+        }
+        for (std::size_t at = 0; at < texts.size(); ++at) {
+            appendBlanks(texts[at], lines.size() - linesOf[at]);
+            texts[at] = wholeCharacters(std::move(texts[at])); // a border may cut one in two
+        }
+        return texts;
+    }
+
+    void appendBlanks(QString& text, int lines)
+    {
+        const int count = std::min(lines, m_unreachedBlanks);
+        m_unreachedBlanks -= count;
+        text += QString(count, QLatin1Char(' '));
     }
 
     /// The attribute of a cell that joins columns, from the cursor to the one that ends where the span does.
@@ -134,6 +159,8 @@ private:
     const ConversionLibrary& m_library;
     const Columns& m_columns;
     QLatin1String m_tag;
+    int m_unreachedBlanks = mostUnreachedBlanks; ///< still to be written
+    int m_unreachedCells = mostUnreachedCells;
 };
 
 } // namespace

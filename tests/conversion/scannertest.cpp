@@ -101,8 +101,12 @@ TEST(Scanner, findsAtTheStartOfRandomTextsWhatItsExpressionMatches)
         SCOPED_TRACE(definition.name.toStdString());
         const Expression anchored(QStringLiteral("\\G(?:") + definition.pattern + QLatin1Char(')'),
                                   definition.options, definition.groups, 200'000);
+        QStringList pieces = scanCase.pieces;
+        if (definition.isScanAlwaysExact)
+            for (const char* end : {"\r\n", "\r\n", "\r", "\v", "\f", "\u0085", "\u2028"})
+                pieces << QString::fromUtf8(end);
         // every other text begins with a piece that gives the rule a start
-        RandomText texts(scanCase.pieces);
+        RandomText texts(pieces);
         int matched = 0;
         for (int count = 0; count < 20'000; ++count) {
             const QString text = (count % 2 == 0 ? scanCase.pieces.first() : QString()) + texts.next();

@@ -31,6 +31,12 @@ constexpr bool isOtherLineEnd(char16_t c)
     return (c >= u'\v' && c <= u'\r') || c == 0x85 || c == 0x2028 || c == 0x2029;
 }
 
+/// What "\R" takes.
+constexpr bool isLineEnd(char16_t c)
+{
+    return c == u'\n' || isOtherLineEnd(c);
+}
+
 constexpr bool isDigit(char16_t c)
 {
     return c >= u'0' && c <= u'9';

@@ -27,6 +27,16 @@ int SourceText::lineEnd(int from) const
     return found < 0 ? m_size : from + static_cast<int>(found);
 }
 
+int SourceText::behindLineEnd(int position) const
+{
+    if (position == m_size)
+        return position;
+    const char16_t c = (*this)[position];
+    if (c == u'\r' && position + 1 < m_size && (*this)[position + 1] == u'\n')
+        return position + 2;
+    return isLineEnd(c) ? position + 1 : position;
+}
+
 bool SourceText::holds(int position, int end, Span wanted) const
 {
     return end - position >= wanted.length() &&

@@ -54,6 +54,8 @@ public:
     Line next(Line line) const { return lineAt(line.end + 1); }
     /// The first line feed from a position on, or the end of the text.
     int lineEnd(int from) const;
+    /// Behind what "\R" takes at a position, which is the position itself when there is none.
+    int behindLineEnd(int position) const;
 
     /// Whether the same characters stand at a place as in a span.
     bool holds(int position, int end, Span wanted) const;

@@ -58,7 +58,11 @@ RuleExpression simpleTable()
         QStringLiteral("simple table"),
         QStringLiteral(R"(\s*\K(?<border>\=+(?:\h+\=+)+(?:\h+|))(?:\R(?<header>.*\w.*(?:\R.*?)*)\k'border')?)"
                        R"((?:\R(?<content>.*\w.*(?:\R.*?)*)\k'border')(?=\R\h+$|\R$|\z))"),
-        multiline, Groups{QStringLiteral("border"), QStringLiteral("header"), content}, scanSimpleTable};
+        multiline,
+        Groups{QStringLiteral("border"), QStringLiteral("header"), content},
+        scanSimpleTable,
+        nullptr,
+        true};
 }
 
 RuleExpression overlinedHeading()

@@ -24,9 +24,11 @@ bool scanLabel(SourceText& text, const QString& label, Hit& hit)
 
 bool scanSeeAlso(SourceText& text, Hit& hit)
 {
-    const Line title = text.lineAt(text.position());
     const QString words = QStringLiteral("See Also");
-    if (!text.startsAt(title.start, words) || !text.hasNext(title) ||
+    if (!text.startsAt(text.position(), words)) // before its line is sought: there may be no other for long
+        return false;
+    const Line title = text.lineAt(text.position());
+    if (!text.hasNext(title) ||
         text.skip(title.start + words.size(), title.end, isHorizontalSpace) != title.end)
         return false;
     const Line under = text.next(title);

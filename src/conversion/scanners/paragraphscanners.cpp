@@ -3,25 +3,11 @@
 
 namespace Halvorin::Text {
 
-namespace {
-
-/// Behind the end of a line that stands at a position, which is the position itself when none does.
-int behindLineEnd(const SourceText& text, int position)
-{
-    if (position == text.size())
-        return position;
-    if (text[position] == u'\r' && position + 1 < text.size() && text[position + 1] == u'\n')
-        return position + 2;
-    return text[position] == u'\n' || isOtherLineEnd(text[position]) ? position + 1 : position;
-}
-
-} // namespace
-
 bool scanBlankLine(SourceText& text, Hit& hit)
 {
     const int start = text.position();
     const int blanks = text.skip(start, text.size(), isHorizontalSpace);
-    const int end = behindLineEnd(text, blanks);
+    const int end = text.behindLineEnd(blanks);
     hit.whole = {start, end};
     return end > blanks;
 }
@@ -36,7 +22,7 @@ bool scanParagraph(SourceText& text, Hit& hit)
     while (text.hasNext(line)) {
         line = text.next(line);
         if (text.isAllSpace(line)) {
-            end = behindLineEnd(text, text.skip(line.start, text.size(), isHorizontalSpace));
+            end = text.behindLineEnd(text.skip(line.start, text.size(), isHorizontalSpace));
             hit.whole = {start, end};
             hit.groups[0] = {start, line.start - 1};
             return true;
