@@ -10,17 +10,27 @@ namespace {
 
 std::atomic<int> givenUp = 0;
 
-/// Where a scanner stands ready, an attempt of the expression is not worth more steps than these, nor is a
-/// text worth more of such attempts, nor a search in a longer text.
-constexpr int stepsBesideScanner = 200'000;
-constexpr int attemptsGivenUp = 16;
+/// Where a scanner stands ready, an attempt of an expression is not worth more steps than these, nor is a
+/// search in a longer text. Most attempts need a few; those that need more are made while there is effort
+/// left.
+constexpr int fewSteps = 1'000;
+constexpr int mostSteps = 200'000;
 constexpr int stepsOfSearchBesideScanner = 10'000;
 constexpr int searchedBesideScanner = 1'000;
 
-/// How often expressions were given up in a text.
-struct GivenUp
+/// What all attempts with many steps in a text may cost together. A step may look at the whole rest, and
+/// there may be as many as it has characters, so an attempt costs the square of its length.
+class Effort
 {
-    int count = 0;
+public:
+    bool take(qint64 length)
+    {
+        m_left -= length * length;
+        return m_left >= 0;
+    }
+
+private:
+    qint64 m_left = 100'000'000;
 };
 
 } // namespace
@@ -52,7 +62,8 @@ Expression::Expression(const QString& pattern, QRegularExpression::PatternOption
     m_expression.optimize();
 }
 
-Expression::Outcome Expression::match(const QStringRef& source, int offset, Hit& hit, bool isWellFormed) const
+Expression::Outcome Expression::tryMatch(const QStringRef& source, int offset, Hit& hit,
+                                         bool isWellFormed) const
 {
     if (!m_expression.isValid() || offset < 0 || offset > source.size())
         return Outcome::noMatch;
@@ -69,10 +80,18 @@ Expression::Outcome Expression::match(const QStringRef& source, int offset, Hit&
         if (second.isValid())
             return give(second, hit);
     }
-    ++givenUp;
-    System::Application::instance().logger().diagnostic(
-        "text", ("an expression was given up on a long text: " + m_pattern.toStdString()).c_str());
     return Outcome::givenUp;
+}
+
+Expression::Outcome Expression::match(const QStringRef& source, int offset, Hit& hit, bool isWellFormed) const
+{
+    const Outcome outcome = tryMatch(source, offset, hit, isWellFormed);
+    if (outcome == Outcome::givenUp) {
+        ++givenUp;
+        System::Application::instance().logger().diagnostic(
+            "text", ("an expression was given up on a long text: " + m_pattern.toStdString()).c_str());
+    }
+    return outcome;
 }
 
 int Expression::givenUpCount()
@@ -94,7 +113,9 @@ Expression::Outcome Expression::give(const QRegularExpressionMatch& match, Hit& 
 PositionedExpression::PositionedExpression(RuleExpression definition)
     : m_definition(std::move(definition)),
       m_here(QStringLiteral("\\G(?:%1)").arg(m_definition.pattern), m_definition.options, m_definition.groups,
-             m_definition.scan ? stepsBesideScanner : 0)
+             m_definition.scan ? fewSteps : 0),
+      m_hereAtLength(m_definition.scan ? QStringLiteral("\\G(?:%1)").arg(m_definition.pattern) : QString(),
+                     m_definition.options, m_definition.groups, mostSteps)
 {}
 
 bool PositionedExpression::matchHere(SourceText& text, Hit& hit) const
@@ -105,13 +126,16 @@ bool PositionedExpression::matchHere(SourceText& text, Hit& hit) const
         hit = hit.movedBy(-text.position());
         return true;
     };
-    if (m_definition.scan && (m_definition.isScanAlwaysExact || text.isForScanners() ||
-                              text.memory<GivenUp>().count > attemptsGivenUp))
+    if (m_definition.scan && (m_definition.isScanAlwaysExact || text.isForScanners()))
         return scan();
-    const Expression::Outcome outcome = m_here.match(text.rest(), 0, hit, true);
+    const QStringRef rest = text.rest();
+    Expression::Outcome outcome =
+        m_definition.scan ? m_here.tryMatch(rest, 0, hit, true) : m_here.match(rest, 0, hit, true);
     if (outcome == Expression::Outcome::givenUp && m_definition.scan) {
-        ++text.memory<GivenUp>().count;
-        return scan();
+        if (text.memory<Effort>().take(rest.size()))
+            outcome = m_hereAtLength.match(rest, 0, hit, true);
+        if (outcome == Expression::Outcome::givenUp)
+            return scan();
     }
     return outcome == Expression::Outcome::match && hit.whole.start == 0;
 }

@@ -87,6 +87,8 @@ public:
     /// A source that is known to hold no halves of characters is not looked through for them, which takes
     /// time.
     Outcome match(const QStringRef& source, int offset, Hit& hit, bool isWellFormed = false) const;
+    /// The same, without a word to the log or the count when it is given up.
+    Outcome tryMatch(const QStringRef& source, int offset, Hit& hit, bool isWellFormed = false) const;
 
     /// How many matches of this program were given up, for tests.
     static int givenUpCount();
@@ -113,7 +115,8 @@ public:
 
 private:
     RuleExpression m_definition;
-    Expression m_here;
+    Expression m_here;         ///< with few steps, where a scanner stands ready
+    Expression m_hereAtLength; ///< with more
 };
 
 /// All hits in a text, one behind the other: by the scanner where line feeds are the only ends of lines, by
