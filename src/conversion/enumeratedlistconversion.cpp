@@ -2,7 +2,9 @@
 #include "conversion/rstconversionlibrary.h"
 #include "conversion/scanners/expressions.h"
 
+#include <limits>
 #include <optional>
+#include <vector>
 
 namespace Halvorin::Text {
 

@@ -6,8 +6,7 @@
 namespace Halvorin::Text {
 
 /// What "<p\h?.*?>((?:.|\R)*)<\/p>" captures first in a text, or the text: from behind the first tag that
-/// begins with
-/// "<p", of whatever name, to the last end of a paragraph.
+/// begins with "<p", of whatever name, to the last end of a paragraph.
 QString withoutSurroundingParagraphTags(QString&& text);
 
 } // namespace Halvorin::Text

@@ -3,8 +3,7 @@
 
 #include "conversion/core/conversionlibrary.h"
 
-/// Converts block by block as it is told: by the expressions, all of them, over the whole rest, at every
-/// step.
+/// Converts block by block in the plain way: all expressions search the whole rest at every step.
 template <class Library>
 class ByExpressions : public Library
 {

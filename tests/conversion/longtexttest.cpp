@@ -65,6 +65,13 @@ std::vector<LongText> longTexts()
         {"beginnings of simple tables", times(15'000, "== ==\na  b\n\n"), "<p>", 15'000},
         {"a simple table of many columns",
          longBorder + QStringLiteral("\na\n") + times(20'000, " \n") + longBorder, "<td>", 50'001},
+        {"a simple table of many columns and rows",
+         times(10'000, "= ") + QStringLiteral("=\n") + times(20'000, "a\n") + times(10'000, "= ") +
+             QLatin1Char('='),
+         "<td>", 120'000},
+        {"vertical tabs", times(200'000, "\v"), "<", 0},
+        {"borders of simple tables in one line", QStringLiteral("== ==\fa") + times(30'000, "== ==\f"),
+         "<table>", 1},
         {"blanks", times(200'000, " "), "<", 0},
         {"stars", times(200'000, "*"), "<p>", 1},
         {"open emphasis", times(60'000, " *a"), "<i>", 0},

@@ -3,6 +3,7 @@
 #include "conversion/core/bestmatch.h"
 #include "conversion/core/nesting.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace Halvorin::Text {

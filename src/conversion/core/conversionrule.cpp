@@ -2,6 +2,8 @@
 
 #include "conversion/core/conversionaccess.h"
 
+#include <algorithm>
+
 namespace Halvorin::Text {
 
 namespace {
