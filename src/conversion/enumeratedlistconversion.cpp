@@ -73,11 +73,6 @@ QString convertList(const ConversionLibrary& library, const QStringRef& xrows, c
     return result;
 }
 
-constexpr MarkerForm formOf(RSTConversionLibrary::EnumeratedListStyle style)
-{
-    return static_cast<MarkerForm>(style);
-}
-
 std::optional<qlonglong> numberBehind(qlonglong value)
 {
     if (value == std::numeric_limits<qlonglong>::max())
@@ -101,7 +96,7 @@ QString textOfNumber(qlonglong value)
 QString RSTConversionLibrary::convertEnumeratedListNumeric(const QStringRef& xrows, const QStringRef& arows,
                                                            EnumeratedListStyle style) const
 {
-    const Marker marker = {EnumeratedKind::numeric, formOf(style)};
+    const Marker marker = {EnumeratedKind::numeric, style};
     return convertList<qlonglong>(*this, xrows, arows,
                                   {marker, numberOf, numberBehind, 1, '1', textOfNumber});
 }
@@ -111,7 +106,7 @@ QString RSTConversionLibrary::convertEnumeratedListRomanNumeral(const QStringRef
                                                                 EnumeratedListStyle style,
                                                                 bool isUpperCase) const
 {
-    const Marker marker = {EnumeratedKind::romanNumeral, formOf(style), isUpperCase};
+    const Marker marker = {EnumeratedKind::romanNumeral, style, isUpperCase};
     return convertList<qlonglong>(*this, xrows, arows,
                                   {marker,
                                    [](const QStringRef& index) -> qlonglong { return romanValue(index); },
@@ -123,7 +118,7 @@ QString RSTConversionLibrary::convertEnumeratedListAlphabetic(const QStringRef& 
                                                               EnumeratedListStyle style,
                                                               bool isUpperCase) const
 {
-    const Marker marker = {EnumeratedKind::alphabetic, formOf(style), isUpperCase};
+    const Marker marker = {EnumeratedKind::alphabetic, style, isUpperCase};
     return convertList<char16_t>(*this, xrows, arows,
                                  {marker,
                                   [](const QStringRef& index) -> char16_t { return index.at(0).unicode(); },

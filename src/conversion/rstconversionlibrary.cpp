@@ -1,9 +1,9 @@
 #include "conversion/rstconversionlibrary.h"
 
 #include "conversion/core/regexconversionrule.h"
-#include "conversion/core/wholecharacters.h"
 #include "conversion/paragraphtags.h"
 #include "conversion/scanners/expressions.h"
+#include "unicode/wholecharacters.h"
 
 #include <optional>
 

@@ -2,6 +2,7 @@
 #define RSTCONVERSIONLIBRARY_H
 
 #include "conversion/core/conversionlibrary.h"
+#include "conversion/scanners/markerform.h"
 #include "halvwidgetsexport.h"
 
 namespace Halvorin::Text {
@@ -19,13 +20,7 @@ class Captures;
 class HALVWIDGETS_EXPORT RSTConversionLibrary : public ConversionLibrary
 {
 public:
-    /// The form of a marker: "1.", "(1)" and "1)".
-    enum class EnumeratedListStyle
-    {
-        period = 0,
-        enclosingParentheses = 1,
-        closingParenthesis = 2,
-    };
+    using EnumeratedListStyle = MarkerForm;
 
     RSTConversionLibrary();
 

@@ -1,9 +1,9 @@
 #include "conversion/rstgridtable.h"
 
 #include "conversion/core/conversionlibrary.h"
-#include "conversion/core/wholecharacters.h"
 #include "conversion/gridcorners.h"
 #include "conversion/paragraphtags.h"
+#include "unicode/wholecharacters.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 
 #include "conversion/core/characterclasses.h"
 #include "conversion/core/conversionlibrary.h"
-#include "conversion/core/wholecharacters.h"
 #include "conversion/paragraphtags.h"
+#include "unicode/wholecharacters.h"
 
 #include <QVector>
 #include <algorithm>

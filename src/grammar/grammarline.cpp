@@ -1,26 +1,8 @@
 #include "grammar/grammarline.h"
 
+#include "unicode/wholecharacters.h"
+
 namespace Halvorin::TextMate {
-
-namespace {
-
-/// The text without halves of surrogate pairs, on which no expression would match; every place stays as it
-/// is.
-QString wholeCharacters(QString text)
-{
-    for (int index = 0; index < text.size(); ++index) {
-        const QChar unit = text.at(index);
-        if (!unit.isSurrogate())
-            continue;
-        if (unit.isHighSurrogate() && index + 1 < text.size() && text.at(index + 1).isLowSurrogate())
-            ++index;
-        else
-            text[index] = QChar(QChar::ReplacementCharacter);
-    }
-    return text;
-}
-
-} // namespace
 
 std::vector<const ResolvedRule*>& LineMemory::candidates(const ResolvedRules& list, const SearchedLine& line)
 {
@@ -39,8 +21,8 @@ std::vector<const ResolvedRule*>& LineMemory::candidates(const ResolvedRules& li
 }
 
 GrammarLine::GrammarLine(const QString& text, RuleSearch& search, LineMemory& memory)
-    : m_line{wholeCharacters(text), UnitSet(text), memory.nextNumber()}, m_search(search), m_memory(memory),
-      m_tokens(text.size())
+    : m_line{Text::wholeCharacters(text), UnitSet(text), memory.nextNumber()}, m_search(search),
+      m_memory(memory), m_tokens(text.size())
 {
     m_search.scopeLists().bound();
 }

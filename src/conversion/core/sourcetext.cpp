@@ -21,6 +21,12 @@ QStringRef SourceText::ref(Span span) const
     return span.isNull() ? QStringRef() : m_source.mid(span.start, span.length());
 }
 
+Line SourceText::previous(Line line) const
+{
+    const int end = line.start - 1;
+    return {static_cast<int>(QStringView(m_data, end).lastIndexOf(u'\n')) + 1, end};
+}
+
 int SourceText::lineEnd(int from) const
 {
     const qsizetype found = QStringView(m_data + from, m_size - from).indexOf(u'\n');

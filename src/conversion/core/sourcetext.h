@@ -52,6 +52,8 @@ public:
     bool hasNext(Line line) const { return line.end < m_size; }
     /// The line behind one that has a line feed. It may be the empty one behind the last line feed.
     Line next(Line line) const { return lineAt(line.end + 1); }
+    /// The line before one that is not the first.
+    Line previous(Line line) const;
     /// The first line feed from a position on, or the end of the text.
     int lineEnd(int from) const;
     /// Behind what "\R" takes at a position, which is the position itself when there is none.

@@ -142,8 +142,13 @@ RuleExpression literalBlock()
 
 RuleExpression doctest()
 {
-    return {QStringLiteral("doctest"), QStringLiteral(R"((?<content>>>>.*(?:\R.*\S.*)*)(?:\R\s*\R|\R$|$))"),
-            none, Groups{content}, scanDoctest};
+    return {QStringLiteral("doctest"),
+            QStringLiteral(R"((?<content>>>>.*(?:\R.*\S.*)*)(?:\R\s*\R|\R$|$))"),
+            none,
+            Groups{content},
+            scanDoctest,
+            nullptr,
+            true};
 }
 
 RuleExpression paragraph()

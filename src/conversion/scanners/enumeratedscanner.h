@@ -2,6 +2,7 @@
 #define ENUMERATEDSCANNER_H
 
 #include "conversion/core/expression.h"
+#include "conversion/scanners/markerform.h"
 
 #include <vector>
 
@@ -13,14 +14,6 @@ enum class EnumeratedKind
     numeric,
     romanNumeral,
     alphabetic,
-};
-
-/// The form of a marker: "1.", "(1)" and "1)".
-enum class MarkerForm
-{
-    period = 0,
-    enclosingParentheses = 1,
-    closingParenthesis = 2,
 };
 
 /// One of the fifteen kinds of markers of enumerated lists.

@@ -3,6 +3,35 @@
 
 namespace Halvorin::Text {
 
+namespace {
+
+/// "$" without lines
+bool isEnd(const SourceText& text, int position)
+{
+    return position == text.size() || (position + 1 == text.size() && text[position] == u'\n');
+}
+
+/// Behind the white space with two ends of lines, or the last end of a line, that must follow an example; -1
+/// for neither.
+int behindDoctest(const SourceText& text, int end)
+{
+    const int behind = text.behindLineEnd(end);
+    if (behind > end) {
+        int space = text.skip(behind, text.size(), isSpace);
+        if (text.behindLineEnd(space) > space) // one that is no white space
+            return space + 1;
+        while (space > behind && !isLineEnd(text[space - 1]))
+            --space;
+        if (space > behind)
+            return space;
+        if (isEnd(text, behind))
+            return behind;
+    }
+    return isEnd(text, end) ? end : -1;
+}
+
+} // namespace
+
 bool scanBlankLine(SourceText& text, Hit& hit)
 {
     const int start = text.position();
@@ -36,27 +65,28 @@ bool scanParagraph(SourceText& text, Hit& hit)
 bool scanDoctest(SourceText& text, Hit& hit)
 {
     const int start = text.position();
-    if (text.size() - start < 3 || text[start] != u'>' || text[start + 1] != u'>' || text[start + 2] != u'>')
+    if (!text.startsAt(start, QStringLiteral(">>>")))
         return false;
     Line line = text.lineAt(start);
-    while (text.hasNext(line)) {
-        const Line next = text.next(line);
-        if (text.isAllSpace(next))
-            break;
-        line = next;
+    while (text.hasNext(line) && !text.isAllSpace(text.next(line)))
+        line = text.next(line);
+    // What follows must fit, so the example may end sooner: at an end of a line other than a line feed.
+    for (;;) {
+        const bool isFirst = line.start <= start;
+        // not before the first word of a line
+        const int least = isFirst ? start + 3 : text.skip(line.start, line.end, isSpace) + 1;
+        for (int end = line.end; end >= least; --end) {
+            const int behind = behindDoctest(text, end);
+            if (behind < 0)
+                continue;
+            hit.groups[0] = {start, end};
+            hit.whole = {start, behind};
+            return true;
+        }
+        if (isFirst)
+            return false;
+        line = text.previous(line);
     }
-    hit.groups[0] = {start, line.end};
-    const int behind = text.skip(line.end, text.size(), isSpace);
-    int lastLineFeed = behind - 1;
-    while (lastLineFeed > line.end && text[lastLineFeed] != u'\n')
-        --lastLineFeed;
-    if (lastLineFeed > line.end) // an empty line, or blanks, between two line feeds
-        hit.whole = {start, lastLineFeed + 1};
-    else if (behind == text.size() && behind - line.end <= 1)
-        hit.whole = {start, behind};
-    else
-        return false;
-    return true;
 }
 
 bool scanLiteralBlock(SourceText& text, Hit& hit)

@@ -1,4 +1,4 @@
-#include "conversion/core/wholecharacters.h"
+#include "unicode/wholecharacters.h"
 
 namespace Halvorin::Text {
 
