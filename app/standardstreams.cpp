@@ -15,18 +15,32 @@ namespace StandardStreams {
 
 namespace {
 
+/// The error of the first text that standard output did not take whole. The stream itself keeps no more than
+/// that there was one.
+int firstOutputFailure = 0;
+
+int lastErrorNumber()
+{
+    return errno != 0 ? errno : EIO;
+}
+
 void write(std::FILE* stream, std::string_view text)
 {
-    std::fwrite(text.data(), 1, text.size(), stream);
+    errno = 0;
+    if (std::fwrite(text.data(), 1, text.size(), stream) != text.size() && stream == stdout &&
+        firstOutputFailure == 0)
+        firstOutputFailure = lastErrorNumber();
 }
 
 /// 0, or the number of the error that kept the stream from taking everything.
 int failureOf(std::FILE* stream)
 {
+    if (stream == stdout && firstOutputFailure != 0)
+        return firstOutputFailure;
     const bool failedBefore = std::ferror(stream) != 0;
     errno = 0;
     if (std::fflush(stream) != 0)
-        return errno ? errno : EIO;
+        return lastErrorNumber();
     return failedBefore ? EIO : 0;
 }
 

@@ -44,12 +44,56 @@ TEST_F(Rst, TakesBytesThatAreNoText)
     EXPECT_NE(result.output.find("<b>b</b></p>"), std::string::npos);
 }
 
-TEST_F(Rst, SaysThatAFileIsNotThere)
+TEST_F(Rst, TakesLinesOfDocstringsThatEndAsOnWindows)
 {
-    const ProcessResult result = run({"rst", "missing.rst"});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.output, "");
-    EXPECT_NE(result.error, "");
+    folder.write("a.txt", "(class) Foo\r\n\r\n>>> a\r\n1\r\n");
+    EXPECT_EQ(run({"rst", "--python", "a.txt"}).output,
+              "<div class=\"pyLspClass\"><pre>(class) Foo</pre></div><hr /><div class=\"rstDoctest\"><pre>"
+              ">>> a\n1</pre></div>");
+}
+
+TEST_F(Rst, ConvertsAnEmptyTextToNothing)
+{
+    folder.write("empty.rst", "");
+    const ProcessResult result = run({"rst", "empty.rst"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.output + result.error, "");
+}
+
+TEST_F(Rst, SaysWhichFileCannotBeRead)
+{
+    std::filesystem::create_directory(folder / "folder");
+    const std::pair<const char*, const char*> cases[] = {
+        {"missing.rst", "the file does not exist: 'missing.rst'\n"},
+        {"folder", "it is a folder: 'folder'\n"},
+        {"/dev/zero", "the file is too large: '/dev/zero'\n"},
+    };
+    for (const auto& [file, error] : cases) {
+        const ProcessResult result = run({"rst", file});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.error, error);
+    }
+    const ProcessResult endless = shell("\"$0\" rst < /dev/zero");
+    EXPECT_EQ(endless.exitCode, 1);
+    EXPECT_EQ(endless.error, "standard input is too large\n");
+}
+
+TEST_F(Rst, SaysThatItsHtmlWentNowhere)
+{
+    folder.write("a.rst", std::string(100'000, 'a')); // more than a stream holds back
+    const std::pair<Stream, const char*> cases[] = {
+        {Stream::closed, "Bad file descriptor"},
+        {Stream::brokenPipe, "Broken pipe"},
+        {Stream::fullDevice, "No space left on device"},
+    };
+    for (const auto& [stream, why] : cases) {
+        ProcessOptions options;
+        options.output = stream;
+        const ProcessResult result = run({"rst", "a.rst"}, options);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.error, std::string("halvorin: cannot write to standard output: ") + why + "\n");
+    }
 }
 
 TEST_F(Rst, RefusesTwoFiles)
