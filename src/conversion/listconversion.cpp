@@ -1,3 +1,4 @@
+#include "conversion/core/allowance.h"
 #include "conversion/core/expression.h"
 #include "conversion/rstconversionlibrary.h"
 #include "conversion/scanners/definitionitems.h"
@@ -43,9 +44,6 @@ bool isAllSpaces(const QStringRef& line)
     return std::ranges::all_of(line, [](QChar c) { return isSpace(c.unicode()); });
 }
 
-/// So many lines between two items are read anew from each of them on.
-constexpr std::ptrdiff_t mostLinesRepeated = 200;
-
 } // namespace
 
 QString RSTConversionLibrary::convertBulletList(const Captures& list) const
@@ -67,13 +65,12 @@ QString RSTConversionLibrary::convertBulletList(const Captures& list) const
         // Other lines are taken together, up to the next item. Then reading goes on behind the first of them,
         // so that they are taken again without it, unless there was no item.
         const auto end = std::find_if(line, lines.end(), isItem);
-        const bool isRepeated = end != lines.end() && end - line <= mostLinesRepeated;
         if (!std::all_of(line, end, isAllSpaces)) {
             QString joined = line->toString();
             for (auto other = line + 1; other != end; ++other)
                 joined += QLatin1Char(' ') + *other;
             result += convertBlocks(joined, 0);
-            if (isRepeated)
+            if (end != lines.end() && Allowance::current().takeAllCharacters(joined.size()))
                 continue;
         } // else the text converts to nothing, however often
         line = end - 1;

@@ -60,7 +60,7 @@ void RSTConversionLibrary::initBodyElementRules()
     add(bulletList(), [this](const Captures& captures) { return convertBulletList(captures); });
     for (const Marker& marker : enumeratedMarkers) {
         add(enumeratedList(marker), [this, marker](const Captures& captures) {
-            const auto style = static_cast<EnumeratedListStyle>(marker.form);
+            const auto style = marker.form;
             const QStringRef xrows = captures.group(0);
             const QStringRef arows = captures.group(1);
             switch (marker.kind) {

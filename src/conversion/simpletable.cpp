@@ -1,12 +1,12 @@
 #include "conversion/simpletable.h"
 
+#include "conversion/core/allowance.h"
 #include "conversion/core/characterclasses.h"
 #include "conversion/core/conversionlibrary.h"
 #include "conversion/paragraphtags.h"
 #include "unicode/wholecharacters.h"
 
 #include <QVector>
-#include <algorithm>
 #include <vector>
 
 namespace Halvorin::Text {
@@ -51,13 +51,11 @@ bool isSpanLine(const QStringRef& line)
     return false;
 }
 
-/// Each line of a row gives a blank to each cell, and a row has a cell for each column, whether or not the
-/// text reaches it. Of such blanks and cells no more are written than these for the header and for the
-/// content each, or a small text could become a very large one.
-constexpr int mostUnreachedBlanks = 1'000'000;
-constexpr int mostUnreachedCells = 100'000;
+/// "<td></td>"
+constexpr int charactersOfCell = 9;
 
-/// Rows of one kind of cell.
+/// Rows of one kind of cell. Each line of a row gives a blank to each cell, and a row has a cell for each
+/// column, whether or not the text reaches it: such blanks and cells are for the allowance.
 class RowWriter
 {
 public:
@@ -96,7 +94,7 @@ private:
         QString result = QStringLiteral("<tr>");
         std::size_t cursor = 0;
         for (std::size_t index = 0; index < layout.size(); ++index) {
-            if (index >= cells.size() && --m_unreachedCells < 0)
+            if (index >= cells.size() && !Allowance::current().takeAllCharacters(charactersOfCell))
                 break;
             result += QLatin1Char('<') + m_tag;
             if (!spans.empty())
@@ -136,9 +134,7 @@ private:
 
     void appendBlanks(QString& text, int lines)
     {
-        const int count = std::min(lines, m_unreachedBlanks);
-        m_unreachedBlanks -= count;
-        text += QString(count, QLatin1Char(' '));
+        text += QString(Allowance::current().takeCharacters(lines), QLatin1Char(' '));
     }
 
     /// The attribute of a cell that joins columns, from the cursor to the one that ends where the span does.
@@ -148,7 +144,6 @@ private:
         std::size_t found = cursor;
         while (found < m_columns.size() && m_columns[found].end() != span.end())
             ++found;
-        found = std::min(found, m_columns.size());
         if (found <= cursor)
             return QString();
         const std::size_t count = found - cursor + 1;
@@ -159,8 +154,6 @@ private:
     const ConversionLibrary& m_library;
     const Columns& m_columns;
     QLatin1String m_tag;
-    int m_unreachedBlanks = mostUnreachedBlanks; ///< still to be written
-    int m_unreachedCells = mostUnreachedCells;
 };
 
 } // namespace

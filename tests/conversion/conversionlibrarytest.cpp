@@ -1,7 +1,8 @@
 #include "conversion/core/conversionlibrary.h"
 #include "conversion/core/regexconversionrule.h"
+#include "support/qtcore/hostlog.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <type_traits>
 
 using namespace Halvorin::Text;
@@ -37,7 +38,7 @@ static_assert(std::is_copy_constructible_v<ConversionRule> && std::is_copy_assig
 static_assert(!std::is_copy_constructible_v<ConversionMatch> &&
               std::is_move_constructible_v<ConversionMatch>);
 
-TEST(ConversionLibrary, convertsAnEmptyTextToAnEmptyOne)
+TEST(ConversionLibrary, ConvertsAnEmptyTextToAnEmptyOne)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule(".*"));
@@ -47,7 +48,7 @@ TEST(ConversionLibrary, convertsAnEmptyTextToAnEmptyOne)
     EXPECT_FALSE(library.nextBlockMatch(QStringRef(), 0).hasMatch());
 }
 
-TEST(ConversionLibrary, triesInlineRulesOnAnEmptyText)
+TEST(ConversionLibrary, TriesInlineRulesOnAnEmptyText)
 {
     ConversionLibrary library;
     library.addInlineRule(bracketRule("^"));
@@ -55,7 +56,7 @@ TEST(ConversionLibrary, triesInlineRulesOnAnEmptyText)
     EXPECT_TRUE(library.nextInlineMatch(QStringRef(), 0).hasMatch());
 }
 
-TEST(ConversionLibrary, convertsToNothingWhatNoBlockRuleMatches)
+TEST(ConversionLibrary, ConvertsToNothingWhatNoBlockRuleMatches)
 {
     ConversionLibrary library;
     EXPECT_EQ(blocks(library, "some text"), "");
@@ -63,14 +64,14 @@ TEST(ConversionLibrary, convertsToNothingWhatNoBlockRuleMatches)
     EXPECT_EQ(blocks(library, "aaa\nbbb"), "");
 }
 
-TEST(ConversionLibrary, dropsTheTextAheadOfABlockMatch)
+TEST(ConversionLibrary, DropsTheTextAheadOfABlockMatch)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule("x+"));
     EXPECT_EQ(blocks(library, "ahead xx between x behind"), "[xx][x]");
 }
 
-TEST(ConversionLibrary, takesTheLeftmostMatchWhateverTheOrderOfTheRules)
+TEST(ConversionLibrary, TakesTheLeftmostMatchWhateverTheOrderOfTheRules)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule("b+", "first"));
@@ -78,7 +79,7 @@ TEST(ConversionLibrary, takesTheLeftmostMatchWhateverTheOrderOfTheRules)
     EXPECT_EQ(blocks(library, "xaabb"), "second[aa]first[bb]");
 }
 
-TEST(ConversionLibrary, takesTheFirstRuleOfTwoThatMatchAtTheSamePlace)
+TEST(ConversionLibrary, TakesTheFirstRuleOfTwoThatMatchAtTheSamePlace)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule("a", "first"));
@@ -91,7 +92,7 @@ TEST(ConversionLibrary, takesTheFirstRuleOfTwoThatMatchAtTheSamePlace)
     EXPECT_EQ(blocks(library, "xaaa"), "fourth[aaa]");
 }
 
-TEST(ConversionLibrary, keepsTheOrderOfRulesThatArePrependedTogether)
+TEST(ConversionLibrary, KeepsTheOrderOfRulesThatArePrependedTogether)
 {
     const std::vector<ConversionRule> rules = {bracketRule("a", "first"), bracketRule("aa", "second")};
     ConversionLibrary copying;
@@ -105,7 +106,7 @@ TEST(ConversionLibrary, keepsTheOrderOfRulesThatArePrependedTogether)
     EXPECT_EQ(blocks(moving, "aab"), "second[aa]last[b]");
 }
 
-TEST(ConversionLibrary, countsEachStepAsAFreshStartOfText)
+TEST(ConversionLibrary, CountsEachStepAsAFreshStartOfText)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule("^a"));
@@ -115,21 +116,21 @@ TEST(ConversionLibrary, countsEachStepAsAFreshStartOfText)
     EXPECT_EQ(blocks(lookingBehind, "aaa"), "[a][a][a]");
 }
 
-TEST(ConversionLibrary, doesNotLookAtTheOffsetOfAConversionOfBlocks)
+TEST(ConversionLibrary, DoesNotLookAtTheOffsetOfAConversionOfBlocks)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule("."));
     EXPECT_EQ(library.convertBlocks(QStringLiteral("ab"), 1), QStringLiteral("[a][b]"));
 }
 
-TEST(ConversionLibrary, endsAtAMatchThatTakesNothing)
+TEST(ConversionLibrary, EndsAtAMatchThatTakesNothing)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule("^"));
     EXPECT_EQ(blocks(library, "abc"), "[]");
 }
 
-TEST(ConversionLibrary, findsNothingByAnExpressionThatDoesNotCompile)
+TEST(ConversionLibrary, FindsNothingByAnExpressionThatDoesNotCompile)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule("(a"));
@@ -139,7 +140,7 @@ TEST(ConversionLibrary, findsNothingByAnExpressionThatDoesNotCompile)
     EXPECT_EQ(inlined(library, "ab"), "ab");
 }
 
-TEST(ConversionLibrary, matchesFromAnOffsetWithTheTextBeforeItInView)
+TEST(ConversionLibrary, MatchesFromAnOffsetWithTheTextBeforeItInView)
 {
     ConversionLibrary library;
     library.addBlockRule(bracketRule("(?<=a)b"));
@@ -150,7 +151,7 @@ TEST(ConversionLibrary, matchesFromAnOffsetWithTheTextBeforeItInView)
     EXPECT_FALSE(library.nextBlockMatch(text, 600).hasMatch());
 }
 
-TEST(ConversionLibrary, leavesTheTextThatNoInlineRuleMatches)
+TEST(ConversionLibrary, LeavesTheTextThatNoInlineRuleMatches)
 {
     ConversionLibrary library;
     EXPECT_EQ(inlined(library, "some text"), "some text");
@@ -158,7 +159,7 @@ TEST(ConversionLibrary, leavesTheTextThatNoInlineRuleMatches)
     EXPECT_EQ(inlined(library, "some text"), "some text");
 }
 
-TEST(ConversionLibrary, replacesInPlaceAndLeavesTheRest)
+TEST(ConversionLibrary, ReplacesInPlaceAndLeavesTheRest)
 {
     ConversionLibrary library;
     library.addInlineRule(bracketRule("a+"));
@@ -166,7 +167,7 @@ TEST(ConversionLibrary, replacesInPlaceAndLeavesTheRest)
     EXPECT_EQ(inlined(library, "x aa y aaa z", 5), "x aa y [aaa] z");
 }
 
-TEST(ConversionLibrary, leavesATextWhoseInlineOffsetIsItsLength)
+TEST(ConversionLibrary, LeavesATextWhoseInlineOffsetIsItsLength)
 {
     ConversionLibrary library;
     library.addInlineRule(bracketRule("a"));
@@ -174,7 +175,7 @@ TEST(ConversionLibrary, leavesATextWhoseInlineOffsetIsItsLength)
     EXPECT_EQ(inlined(library, "aaa", 4), "aaa");
 }
 
-TEST(ConversionLibrary, stepsOverTheCharacterBehindAReplacement)
+TEST(ConversionLibrary, StepsOverTheCharacterBehindAReplacement)
 {
     ConversionLibrary library;
     library.addInlineRule(bracketRule("aa"));
@@ -183,14 +184,14 @@ TEST(ConversionLibrary, stepsOverTheCharacterBehindAReplacement)
     EXPECT_EQ(inlined(library, "aaaaa"), "[aa]a[aa]");
 }
 
-TEST(ConversionLibrary, doesNotLookIntoAReplacementAgain)
+TEST(ConversionLibrary, DoesNotLookIntoAReplacementAgain)
 {
     ConversionLibrary library;
     library.addInlineRule(makeRule(expression("a"), [](ConversionMatch&) { return QStringLiteral("aaa"); }));
     EXPECT_EQ(inlined(library, "a.a"), "aaa.aaa");
 }
 
-TEST(ConversionLibrary, looksBehindIntoReplacements)
+TEST(ConversionLibrary, LooksBehindIntoReplacements)
 {
     ConversionLibrary library;
     library.addInlineRule(makeRule(expression("a"), [](ConversionMatch&) { return QStringLiteral("12"); }));
@@ -206,7 +207,7 @@ ConversionRule longerRule()
     });
 }
 
-TEST(ConversionLibrary, goesOnWhereARuleSaysThatItsMatchEnds)
+TEST(ConversionLibrary, GoesOnWhereARuleSaysThatItsMatchEnds)
 {
     ConversionLibrary library;
     library.addBlockRule(longerRule());
@@ -224,14 +225,14 @@ TEST(ConversionLibrary, goesOnWhereARuleSaysThatItsMatchEnds)
     EXPECT_EQ(match.source(), QStringRef(&text));
 }
 
-TEST(ConversionLibrary, endsWithTheTextWhenARuleTakesMoreThanThereIs)
+TEST(ConversionLibrary, EndsWithTheTextWhenARuleTakesMoreThanThereIs)
 {
     ConversionLibrary library;
     library.addBlockRule(longerRule());
     EXPECT_EQ(blocks(library, "a"), "a+");
 }
 
-TEST(ConversionMatch, tellsThatThereIsNone)
+TEST(ConversionMatch, TellsThatThereIsNone)
 {
     const ConversionMatch none;
     EXPECT_FALSE(none.hasMatch());
@@ -240,7 +241,7 @@ TEST(ConversionMatch, tellsThatThereIsNone)
     EXPECT_EQ(none.impl(), nullptr);
 }
 
-TEST(ConversionRule, isSharedByItsCopies)
+TEST(ConversionRule, IsSharedByItsCopies)
 {
     const ConversionRule rule = bracketRule("a");
     ConversionRule copy = rule;
@@ -269,7 +270,7 @@ public:
     }
 };
 
-TEST(ConversionLibrary, leavesWhatNestsDeeperThanTwoHundredAsItStands)
+TEST(ConversionLibrary, LeavesWhatNestsDeeperThanTwoHundredAsItStands)
 {
     const auto nested = [](int depth, char open, const QString& inner, char close) {
         return QString(depth, QLatin1Char(open)) + inner + QString(depth, QLatin1Char(close));
@@ -281,7 +282,7 @@ TEST(ConversionLibrary, leavesWhatNestsDeeperThanTwoHundredAsItStands)
     EXPECT_EQ(library.convertBlocks(QStringLiteral("(())"), 0), QStringLiteral("<<>>")); // as before
 }
 
-TEST(Expression, matchesWhatItsCompiledFormIsTooLongFor)
+TEST(Expression, MatchesWhatItsCompiledFormIsTooLongFor)
 {
     // the stack of compiled expressions holds less than this; where none are compiled, there is no such limit
     const QString text(140'000, QLatin1Char('a'));
@@ -291,14 +292,53 @@ TEST(Expression, matchesWhatItsCompiledFormIsTooLongFor)
     EXPECT_EQ(hit.whole.end, text.size());
 }
 
-TEST(Expression, tellsWhenItWasGivenUp)
+TEST(ConversionLibrary, FindsNothingInATextWithHalvesOfCharacters)
 {
+    QString half = QStringLiteral("ab");
+    half[1] = QChar(0xD800);
+    for (const char* pattern : {".", "\\X", "[^b]", "a"}) {
+        ConversionLibrary library;
+        library.addBlockRule(bracketRule(pattern));
+        EXPECT_EQ(library.convertBlocks(half, 0), QString()) << pattern;
+        EXPECT_FALSE(library.nextBlockMatch(half, 0).hasMatch()) << pattern;
+    }
+}
+
+TEST(ConversionLibrary, FindsNothingBehindARuleThatCutsACharacter)
+{
+    ConversionLibrary library;
+    library.addBlockRule(makeUpdaterRule(expression("a"), [](ConversionMatch&) {
+        return std::pair(QStringLiteral("[a]"), std::size_t(2)); // the letter, and half of what is behind it
+    }));
+    library.addBlockRule(bracketRule("."));
+    EXPECT_EQ(blocks(library, "a\xf0\x9f\x98\x80"), "[a]");
+}
+
+TEST(ConversionLibrary, TakesOffsetsThatNoTextHas)
+{
+    ConversionLibrary library;
+    library.addBlockRule(bracketRule("a"));
+    library.addInlineRule(bracketRule("a"));
+    const QString text = QStringLiteral("aaa");
+    for (const std::size_t offset :
+         {std::size_t(4), std::size_t(1) << 31, std::size_t(1) << 32, ~std::size_t(0)}) {
+        EXPECT_FALSE(library.nextBlockMatch(text, offset).hasMatch());
+        EXPECT_FALSE(library.nextInlineMatch(text, offset).hasMatch());
+        EXPECT_EQ(library.convertInline(text, offset), text);
+    }
+}
+
+TEST(Expression, TellsWhenItWasGivenUp)
+{
+    const HostLog log;
     const int before = Expression::givenUpCount();
     const QString text(40, QLatin1Char('a'));
     Hit hit;
     EXPECT_EQ(Expression(QStringLiteral("^(?:a|aa)*b|c")).match(QStringRef(&text), 0, hit),
               Expression::Outcome::givenUp);
     EXPECT_EQ(Expression::givenUpCount(), before + 1);
+    EXPECT_THAT(log.lines(), testing::ElementsAre(testing::HasSubstr(
+                                 "text: an expression was given up on a long text: ^(?:a|aa)*b|c")));
 }
 
 } // namespace

@@ -20,7 +20,7 @@ using namespace Halvorin::Text;
 class GoldenHtml : public testing::TestWithParam<TestCase>
 {};
 
-TEST_P(GoldenHtml, isWhatTheSourceConvertsTo)
+TEST_P(GoldenHtml, IsWhatTheSourceConvertsTo)
 {
     static const RSTConversionLibrary reStructuredText;
     static const PythonLSPConversionLibrary docstrings;

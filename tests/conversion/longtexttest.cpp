@@ -30,6 +30,31 @@ QString deeper(int count, const char* line)
     return text;
 }
 
+/// Lines each of which begins with another indent of 14 blanks and tabs.
+QString manyIndents(int count, const char* lines)
+{
+    QString text;
+    for (int number = 0; number < count; ++number) {
+        for (int bit = 0; bit < 14; ++bit)
+            text += QLatin1Char((number >> bit & 1) != 0 ? '\t' : ' ');
+        text += QString::fromUtf8(lines);
+    }
+    return text;
+}
+
+/// Beginnings of simple tables, each of another border.
+QString manyBorders(int count)
+{
+    QString text;
+    for (int number = 0; number < count; ++number) {
+        text += QStringLiteral("= ");
+        for (int bit = 0; bit < 14; ++bit)
+            text += QLatin1Char((number >> bit & 1) != 0 ? '=' : ' ');
+        text += QStringLiteral("=\na\n\n");
+    }
+    return text;
+}
+
 std::vector<LongText> longTexts()
 {
     const QString longBorder = times(50'000, "= ") + QLatin1Char('=');
@@ -68,7 +93,7 @@ std::vector<LongText> longTexts()
         {"a simple table of many columns and rows",
          times(10'000, "= ") + QStringLiteral("=\n") + times(20'000, "a\n") + times(10'000, "= ") +
              QLatin1Char('='),
-         "<td>", 120'000},
+         "<td>", 131'111},
         {"vertical tabs", times(200'000, "\v"), "<", 0},
         {"borders of simple tables in one line", QStringLiteral("== ==\fa") + times(30'000, "== ==\f"),
          "<table>", 1},
@@ -91,12 +116,17 @@ std::vector<LongText> longTexts()
         {"lists in lists", times(60'000, "- "), "<ul", 200},
         {"terms in terms", deeper(600, "t"), "<dl", 200},
         {"directives in directives", deeper(600, ".. a:: b"), ".. a:: b", 400},
+        {"markers of many indents", manyIndents(10'000, "a\nb::\n\n"), "<p>", 10'000},
+        {"grid tables of many indents", manyIndents(10'000, "+-+\nx\n\n"), "<p>", 10'000},
+        {"borders of many kinds", manyBorders(10'000), "<p>", 10'000},
+        {"directives in one line", times(30'000, ".. a:: "), "<", 0},
+        {"escapes before addresses", times(20'000, "\\https://"), "<p>", 1},
         {"carriage returns", times(15'000, "some words\r\n\r\n"), "<p>", 15'000},
         {"form feeds in a line", times(40'000, "word\f"), "<p>", 1},
     };
 }
 
-TEST(LongText, isConvertedWhole)
+TEST(LongText, IsConvertedWhole)
 {
     const PythonLSPConversionLibrary library;
     const int before = Expression::givenUpCount();
@@ -107,7 +137,7 @@ TEST(LongText, isConvertedWhole)
     EXPECT_EQ(Expression::givenUpCount(), before);
 }
 
-TEST(LongText, isBoundedWhereExpressionsAreUsedForOtherEndsOfLines)
+TEST(LongText, IsBoundedWhereExpressionsAreUsedForOtherEndsOfLines)
 {
     const PythonLSPConversionLibrary library;
     for (const char* piece :

@@ -20,7 +20,7 @@ std::vector<std::pair<QString, QString>> blocksOf(const QString& markdown)
     return blocks;
 }
 
-TEST(TextConversionReference, hasExamplesThatAreTrue)
+TEST(TextConversionReference, HasExamplesThatAreTrue)
 {
     QFile file(QStringLiteral(PROJECT_FOLDER "/docs/reference/text-conversion.md"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));

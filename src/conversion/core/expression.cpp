@@ -1,6 +1,7 @@
 #include "conversion/core/expression.h"
 
 #include "HalvCore/application.h"
+#include "conversion/core/allowance.h"
 
 #include <atomic>
 
@@ -10,28 +11,14 @@ namespace {
 
 std::atomic<int> givenUp = 0;
 
-/// Where a scanner stands ready, an attempt of an expression is not worth more steps than these, nor is a
-/// search in a longer text. Most attempts need a few; those that need more are made while there is effort
-/// left.
+// The library of expressions counts steps, which bound what an attempt costs where a scanner stands ready.
+/// Most attempts need few.
 constexpr int fewSteps = 1'000;
+/// For the others, as long as the allowance has some left.
 constexpr int mostSteps = 200'000;
-constexpr int stepsOfSearchBesideScanner = 10'000;
-constexpr int searchedBesideScanner = 1'000;
-
-/// What all attempts with many steps in a text may cost together. A step may look at the whole rest, and
-/// there may be as many as it has characters, so an attempt costs the square of its length.
-class Effort
-{
-public:
-    bool take(qint64 length)
-    {
-        m_left -= length * length;
-        return m_left >= 0;
-    }
-
-private:
-    qint64 m_left = 100'000'000;
-};
+/// For all hits in a part of a text, which must not be longer than this.
+constexpr int searchSteps = 10'000;
+constexpr int longestSearched = 1'000;
 
 } // namespace
 
@@ -110,12 +97,21 @@ Expression::Outcome Expression::give(const QRegularExpressionMatch& match, Hit& 
     return Outcome::match;
 }
 
+namespace {
+
+QString positioned(const RuleExpression& definition)
+{
+    return QStringLiteral("\\G(?:%1)")
+        .arg(definition.withFewerSteps.isEmpty() ? definition.pattern : definition.withFewerSteps);
+}
+
+} // namespace
+
 PositionedExpression::PositionedExpression(RuleExpression definition)
-    : m_definition(std::move(definition)),
-      m_here(QStringLiteral("\\G(?:%1)").arg(m_definition.pattern), m_definition.options, m_definition.groups,
-             m_definition.scan ? fewSteps : 0),
-      m_hereAtLength(m_definition.scan ? QStringLiteral("\\G(?:%1)").arg(m_definition.pattern) : QString(),
-                     m_definition.options, m_definition.groups, mostSteps)
+    : m_definition(std::move(definition)), m_here(positioned(m_definition), m_definition.options,
+                                                  m_definition.groups, m_definition.scan ? fewSteps : 0),
+      m_hereAtLength(m_definition.scan ? positioned(m_definition) : QString(), m_definition.options,
+                     m_definition.groups, mostSteps)
 {}
 
 bool PositionedExpression::matchHere(SourceText& text, Hit& hit) const
@@ -129,11 +125,12 @@ bool PositionedExpression::matchHere(SourceText& text, Hit& hit) const
     if (m_definition.scan && (m_definition.isScanAlwaysExact || text.isForScanners()))
         return scan();
     const QStringRef rest = text.rest();
-    Expression::Outcome outcome =
-        m_definition.scan ? m_here.tryMatch(rest, 0, hit, true) : m_here.match(rest, 0, hit, true);
+    const bool isWellFormed = text.isRestWellFormed();
+    Expression::Outcome outcome = m_definition.scan ? m_here.tryMatch(rest, 0, hit, isWellFormed)
+                                                    : m_here.match(rest, 0, hit, isWellFormed);
     if (outcome == Expression::Outcome::givenUp && m_definition.scan) {
-        if (text.memory<Effort>().take(rest.size()))
-            outcome = m_hereAtLength.match(rest, 0, hit, true);
+        if (Allowance::current().takeAttempt(rest.size()))
+            outcome = m_hereAtLength.match(rest, 0, hit, isWellFormed);
         if (outcome == Expression::Outcome::givenUp)
             return scan();
     }
@@ -144,10 +141,9 @@ std::vector<Hit> findAll(const QStringRef& source, const RuleExpression& definit
                          const std::function<std::vector<Hit>(const SourceText&)>& scan)
 {
     const SourceText text(source);
-    if (text.isForScanners() || text.size() > searchedBesideScanner)
+    if (text.isForScanners() || text.size() > longestSearched)
         return scan(text);
-    const Expression expression(definition.pattern, definition.options, definition.groups,
-                                stepsOfSearchBesideScanner);
+    const Expression expression(definition.pattern, definition.options, definition.groups, searchSteps);
     std::vector<Hit> hits;
     for (Hit hit;;) {
         switch (expression.match(source, hits.empty() ? 0 : hits.back().whole.end, hit)) {

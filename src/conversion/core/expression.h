@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <array>
 #include <functional>
+#include <vector>
 
 namespace Halvorin::Text {
 
@@ -65,6 +66,7 @@ struct RuleExpression
     std::function<bool(SourceText&, Hit&)> scan = nullptr;
     std::function<bool(SourceText&, int from, Hit&)> find = nullptr;
     bool isScanAlwaysExact = false; ///< whatever ends the lines
+    QString withFewerSteps = {};    ///< another pattern that matches the same, to be tried at a position
 };
 
 /// A compiled expression that says when it was given up. A match that fails by a limit is tried once more

@@ -11,9 +11,15 @@ SourceText::SourceText(const QStringRef& source)
     for (int position = m_size; position-- > 0;)
         if (isOtherLineEnd(m_data[position].unicode())) {
             m_lastOtherLineEnd = position;
-            m_isWellFormed = source.toString().isValidUtf16();
             break;
         }
+}
+
+bool SourceText::isWellFormed() const
+{
+    if (!m_isWellFormed)
+        m_isWellFormed = m_source.toString().isValidUtf16();
+    return *m_isWellFormed;
 }
 
 QStringRef SourceText::ref(Span span) const
@@ -29,8 +35,14 @@ Line SourceText::previous(Line line) const
 
 int SourceText::lineEnd(int from) const
 {
+    for (const Line& line : m_lastLines)
+        if (line.start <= from && from <= line.end)
+            return line.end;
     const qsizetype found = QStringView(m_data + from, m_size - from).indexOf(u'\n');
-    return found < 0 ? m_size : from + static_cast<int>(found);
+    const int end = found < 0 ? m_size : from + static_cast<int>(found);
+    m_lastLines[1] = m_lastLines[0];
+    m_lastLines[0] = {from, end};
+    return end;
 }
 
 int SourceText::behindLineEnd(int position) const

@@ -6,6 +6,7 @@
 #include <QStringRef>
 #include <any>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <typeindex>
 
@@ -45,7 +46,12 @@ public:
     bool isForScanners() const
     {
         return m_position > m_lastOtherLineEnd || m_size - m_position > longestForExpressions ||
-               !m_isWellFormed;
+               !isWellFormed();
+    }
+    /// Whether the rest has no halves of characters, on which expressions must not be tried without a check.
+    bool isRestWellFormed() const
+    {
+        return isWellFormed() && !(m_position < m_size && m_data[m_position].isLowSurrogate());
     }
 
     Line lineAt(int start) const { return {start, lineEnd(start)}; }
@@ -89,6 +95,8 @@ public:
     }
 
 private:
+    bool isWellFormed() const;
+
     static constexpr int longestForExpressions = 20'000;
 
     QStringRef m_source;
@@ -96,7 +104,8 @@ private:
     int m_size;
     int m_position = 0;
     int m_lastOtherLineEnd = -1;
-    bool m_isWellFormed = true;
+    mutable std::optional<bool> m_isWellFormed; ///< once it was asked for
+    mutable Line m_lastLines[2];                ///< from a place to its line's end: asked for again and again
     std::map<std::type_index, std::any> m_memories;
 };
 

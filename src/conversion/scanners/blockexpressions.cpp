@@ -46,10 +46,15 @@ RuleExpression blankLine()
 
 RuleExpression gridTable()
 {
-    return {QStringLiteral("grid table"),
-            QStringLiteral(R"((?<indent>[^\S\r\n]*)\+-+(?:\+-+)*\+[^\S\r\n]*(?:\R.*)*?)"
-                           R"(\R\k'indent'\+-+(?:\+-+)*\+[^\S\r\n]*(?:\R\h+$|\R$|\z))"),
-            multiline, Groups{QStringLiteral("indent")}, scanGridTable};
+    const QString top = QStringLiteral(R"((?<indent>[^\S\r\n]*)\+-+(?:\+-+)*\+[^\S\r\n]*)");
+    const QString bottom = QStringLiteral(R"(\R\k'indent'\+-+(?:\+-+)*\+[^\S\r\n]*(?:\R\h+$|\R$|\z))");
+    RuleExpression expression{QStringLiteral("grid table"), top + QStringLiteral(R"((?:\R.*)*?)") + bottom,
+                              multiline, Groups{QStringLiteral("indent")}, scanGridTable};
+    // The bottom is tried behind the top, then at each line feed from there on, and where none fits, at all
+    // ends of lines from the last one back. Other orders of doing that find the same by exponentially many
+    // steps.
+    expression.withFewerSteps = top + QStringLiteral(R"((?:|\R(?:.*+\n)*?.*+|\R[\S\s]*))") + bottom;
+    return expression;
 }
 
 RuleExpression simpleTable()

@@ -5,7 +5,7 @@
 
 /// Scanners of block rules: whether a rule matches at the position of a text, found line by line. The groups
 /// of a hit come in the order in which the rule's expression names them (blockexpressions.cpp). They hold
-/// where line feeds are the only ends of lines; blank lines, simple tables and paragraphs always.
+/// where line feeds are the only ends of lines; blank lines, doctests, simple tables and paragraphs always.
 namespace Halvorin::Text {
 
 bool scanBlankLine(SourceText& text, Hit& hit);

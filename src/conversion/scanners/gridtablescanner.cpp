@@ -1,6 +1,8 @@
 #include "conversion/scanners/blockscanners.h"
 
+#include <algorithm>
 #include <map>
+#include <vector>
 
 namespace Halvorin::Text {
 
@@ -33,38 +35,38 @@ bool isGridBorder(const SourceText& text, int at, int end)
     return columns > 0 && text.skip(at, end, isBlank) == end;
 }
 
-/// Where the next line stands that closes a grid table of an indent, from a place on: it is asked for again
-/// and again.
-struct GridEnds
+/// The lines that may close grid tables, by their indent: found once for a text.
+class GridEnds
 {
-    struct End
+public:
+    /// The first line from a place on that closes a table of an indent; the size of the text for none.
+    int next(const SourceText& text, int from, Span indent)
     {
-        int from;
-        int line;
-    };
-    std::map<QString, End> byIndent;
-};
-
-/// The size of the text when there is none.
-int findGridEnd(SourceText& text, Line line, Span indent)
-{
-    GridEnds::End& known = text.memory<GridEnds>()
-                               .byIndent.try_emplace(text.ref(indent).toString(), GridEnds::End{-1, -1})
-                               .first->second;
-    if (known.from >= 0 && known.from <= line.start && line.start <= known.line)
-        return known.line;
-    known = {line.start, text.size()};
-    for (;; line = text.next(line)) {
-        if (text.holds(line.start, line.end, indent) &&
-            isGridBorder(text, line.start + indent.length(), line.end) && mayEndTable(text, line)) {
-            known.line = line.start;
-            break;
-        }
-        if (!text.hasNext(line))
-            break;
+        if (!m_isFound)
+            findAll(text);
+        const auto found = m_byIndent.find(text.ref(indent).toString());
+        if (found == m_byIndent.end())
+            return text.size();
+        const auto line = std::ranges::lower_bound(found->second, from);
+        return line == found->second.end() ? text.size() : *line;
     }
-    return known.line;
-}
+
+private:
+    void findAll(const SourceText& text)
+    {
+        m_isFound = true;
+        for (Line line = text.lineAt(0);; line = text.next(line)) {
+            const Span indent = {line.start, text.skip(line.start, line.end, isBlank)};
+            if (isGridBorder(text, indent.end, line.end) && mayEndTable(text, line))
+                m_byIndent[text.ref(indent).toString()].push_back(line.start);
+            if (!text.hasNext(line))
+                break;
+        }
+    }
+
+    bool m_isFound = false;
+    std::map<QString, std::vector<int>> m_byIndent;
+};
 
 } // namespace
 
@@ -74,7 +76,7 @@ bool scanGridTable(SourceText& text, Hit& hit)
     const Span indent = {first.start, text.skip(first.start, first.end, isBlank)};
     if (!isGridBorder(text, indent.end, first.end) || !text.hasNext(first))
         return false;
-    const int closing = findGridEnd(text, text.next(first), indent);
+    const int closing = text.memory<GridEnds>().next(text, first.end + 1, indent);
     if (closing == text.size())
         return false;
     const Line last = text.lineAt(closing);

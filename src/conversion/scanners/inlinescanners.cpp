@@ -188,12 +188,34 @@ bool findLinkWithText(SourceText& text, int from, Hit& hit)
     return false;
 }
 
+namespace {
+
+/// The end of the characters without space that a place is in, for places that mostly grow.
+class RunEnds
+{
+public:
+    int behind(const SourceText& text, int at)
+    {
+        if (at < m_from || at > m_end) {
+            m_from = at;
+            m_end = text.skip(at, text.size(), isNoSpace);
+        }
+        return m_end;
+    }
+
+private:
+    int m_from = 0;
+    int m_end = -1;
+};
+
+} // namespace
+
 bool findBareLink(SourceText& text, int from, Hit& hit)
 {
     const std::u16string_view scheme = u"https://";
     const int size = static_cast<int>(scheme.size());
     for (int at = text.find(scheme, from); at >= 0; at = text.find(scheme, at + 1)) {
-        const int end = text.skip(at + size, text.size(), isNoSpace);
+        const int end = text.memory<RunEnds>().behind(text, at + size);
         if (end == at + size)
             continue;
         hit.whole = {at, end};

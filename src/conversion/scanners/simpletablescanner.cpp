@@ -1,17 +1,11 @@
 #include "conversion/scanners/blockscanners.h"
+#include "conversion/scanners/simpleborders.h"
 
 #include <algorithm>
-#include <map>
 
 namespace Halvorin::Text {
 
 namespace {
-
-/// Where the border stands that closes the last table of a border, -1 for nowhere.
-struct SimpleEnds
-{
-    std::map<QString, int> byBorder;
-};
 
 /// The end of "=== ===" with the blanks behind it, -1 for something else: it is all that its line has.
 int simpleBorderEnd(const SourceText& text, int start)
@@ -26,55 +20,33 @@ int simpleBorderEnd(const SourceText& text, int start)
     return columns >= 2 && at < text.size() && isLineEnd(text[at]) ? at : -1;
 }
 
-/// Looks for a border, which counts wherever it ends a line, whatever that line ends with.
-class SimpleBorders
+/// The starts of a border in a text.
+class BorderSearch
 {
 public:
-    SimpleBorders(const SourceText& text, Span border) : m_text(text), m_border(border) {}
+    BorderSearch(const SourceText& text, int length, const BorderPlaces& places)
+        : m_text(text), m_length(length), m_places(places)
+    {}
 
-    int length() const { return m_border.length(); }
-
-    /// The first border from a position on that ends a line, before a limit; -1 for none.
+    /// The first one from a position on, before a limit; -1 for none.
     int next(int from, int limit) const
     {
-        for (int end = from; end < limit + length() && end <= m_text.size(); ++end)
-            if ((end == m_text.size() || isLineEnd(m_text[end])) && standsBefore(end, from))
-                return end - length();
-        return -1;
+        const auto end = std::ranges::lower_bound(m_places.ends, from + m_length);
+        return end != m_places.ends.end() && *end < limit + m_length ? *end - m_length : -1;
     }
-    /// The last one that ends by a position.
+    /// The last one from a position on that ends by another.
     int previous(int end, int from) const
     {
-        for (; end - length() >= from; --end)
-            if ((end == m_text.size() || isLineEnd(m_text[end])) && standsBefore(end, from))
-                return end - length();
-        return -1;
+        const auto behind = std::ranges::upper_bound(m_places.ends, end);
+        return behind != m_places.ends.begin() && *(behind - 1) - m_length >= from ? *(behind - 1) - m_length
+                                                                                   : -1;
     }
-    /// Behind a border is a blank line, or nothing.
-    bool closes(int start) const
-    {
-        const int end = start + length();
-        if (end == m_text.size())
-            return true;
-        const int behind = m_text.skip(m_text.behindLineEnd(end), m_text.size(), isHorizontalSpace);
-        return behind == m_text.size() || m_text[behind] == u'\n';
-    }
-    int lastClosing(int from) const
-    {
-        int last = previous(m_text.size(), from);
-        while (last >= 0 && !closes(last))
-            last = previous(last + length() - 1, from);
-        return last;
-    }
+    bool closes(int start) const { return closesSimpleTable(m_text, start + m_length); }
 
 private:
-    bool standsBefore(int end, int from) const
-    {
-        return end - length() >= from && m_text.holds(end - length(), end, m_border);
-    }
-
     const SourceText& m_text;
-    Span m_border;
+    int m_length;
+    const BorderPlaces& m_places;
 };
 
 /// The last word of a line before a place; it is asked for again and again.
@@ -111,11 +83,9 @@ bool scanSimpleTable(SourceText& text, Hit& hit)
     const int firstWord = text.skip(first.start, first.end, [](char16_t c) { return !isWord(c); });
     if (firstWord == first.end)
         return false;
-    const SimpleBorders borders(text, border);
-    const auto known = text.memory<SimpleEnds>().byBorder.try_emplace(text.ref(border).toString(), -2).first;
-    if (known->second == -2)
-        known->second = borders.lastClosing(first.start);
-    const int lastClosing = known->second;
+    const BorderPlaces& places = text.memory<SimpleBorders>().of(text, border);
+    const BorderSearch borders(text, border.length(), places);
+    const int lastClosing = places.lastClosing;
 
     LastWord word(text);
     // Content has a word in its first line. It goes on to the first border that closes behind that line, or

@@ -56,6 +56,8 @@ std::vector<QRegularExpressionMatch> PlainLibrary::all(const QRegularExpression&
     std::vector<Match> matches;
     for (auto found = expression.globalMatch(text); found.hasNext();)
         matches.push_back(found.next());
+    // an iteration ends without a word when the expression is given up
+    run(expression, text, matches.empty() ? 0 : matches.back().capturedEnd(0));
     return matches;
 }
 

@@ -89,6 +89,19 @@ QString span(const char* name, const std::set<int>& places, int from, int to)
     return distance > 1 ? QString(" ") + name + "=\"" + QString::number(distance) + "\"" : QString();
 }
 
+/// With U+FFFD for halves of characters that a border leaves.
+QString whole(QString cell)
+{
+    for (int at = 0; at < cell.size(); ++at) {
+        if (qAsConst(cell).at(at).isHighSurrogate() && at + 1 < cell.size() &&
+            qAsConst(cell).at(at + 1).isLowSurrogate())
+            ++at;
+        else if (qAsConst(cell).at(at).isSurrogate())
+            cell[at] = QChar(QChar::ReplacementCharacter);
+    }
+    return cell;
+}
+
 using Columns = std::vector<std::pair<int, int>>; // start and length
 
 Columns runsOf(QChar character, const QString& line)
@@ -133,7 +146,7 @@ QString PlainLibrary::gridTable(const Match& match)
                 content += lines[line].mid(indent + cell.left + 1, cell.right - cell.left - 1) + "\n";
             result += "<" + tag + span("rowspan", rows, top, cell.bottom) +
                       span("colspan", columns, cell.left, cell.right) + ">" +
-                      withoutParagraphTags(blocks(content)) + "</" + tag + ">";
+                      withoutParagraphTags(blocks(whole(content))) + "</" + tag + ">";
         }
         result += "</tr>";
     }
@@ -188,7 +201,7 @@ QString PlainLibrary::simpleRows(const QString& text, const Columns& columns, co
                     cursor = column + 1;
                 }
             }
-            result += ">" + withoutParagraphTags(blocks(cell)) + "</" + tag + ">";
+            result += ">" + withoutParagraphTags(blocks(whole(cell))) + "</" + tag + ">";
         }
         result += "</tr>";
     }

@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 #include <QTextDocument>
 
-TEST(DocstringCorpus, isShownByATextDocument)
+TEST(DocstringCorpus, IsShownByATextDocument)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int count = 1;
