@@ -1,6 +1,7 @@
 #include "conversion/scanners/simpleborders.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace Halvorin::Text {
@@ -68,8 +69,8 @@ void SimpleBorders::find(const SourceText& text, Span border, BorderPlaces& plac
     const auto isBefore = [&](Span left, Span right) {
         return compare(text, left, right, border.length()) < 0;
     };
-    for (const Span run : std::ranges::equal_range(m_runs, border, isBefore))
-        places.ends.push_back(run.end);
+    const auto [first, last] = std::equal_range(m_runs.begin(), m_runs.end(), border, isBefore);
+    std::transform(first, last, std::back_inserter(places.ends), [](Span run) { return run.end; });
     std::ranges::sort(places.ends);
     const auto closing = std::find_if(places.ends.rbegin(), places.ends.rend(),
                                       [&](int end) { return closesSimpleTable(text, end); });
