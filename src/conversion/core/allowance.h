@@ -19,7 +19,7 @@ public:
     /// For an attempt of an expression that may need many steps, in a text of a length.
     bool takeAttempt(qint64 length)
     {
-        // a step may look at all of a long text, and a short one may be looked at as often as there are steps
+        // the square of the length, but not less than 1,000,000: on a short text, too, all steps may be used
         m_effort -= qMax(length * length, qint64(1'000'000));
         return m_effort >= 0;
     }

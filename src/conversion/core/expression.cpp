@@ -11,14 +11,22 @@ namespace {
 
 std::atomic<int> givenUp = 0;
 
-// The library of expressions counts steps, which bound what an attempt costs where a scanner stands ready.
-/// Most attempts need few.
+// Where a scanner stands ready, the steps that the library of expressions counts are limited.
+
+/// Of the first attempt at a place. Most need few.
 constexpr int fewSteps = 1'000;
-/// For the others, as long as the allowance has some left.
+/// Of the second attempt, which is made as long as the allowance has some left.
 constexpr int mostSteps = 200'000;
-/// For all hits in a part of a text, which must not be longer than this.
+/// Of the search for all hits in a part of a text.
 constexpr int searchSteps = 10'000;
+/// The longest part that is searched so.
 constexpr int longestSearched = 1'000;
+
+QString positioned(const RuleExpression& definition)
+{
+    return QStringLiteral("\\G(?:%1)")
+        .arg(definition.withFewerSteps.isEmpty() ? definition.pattern : definition.withFewerSteps);
+}
 
 } // namespace
 
@@ -96,16 +104,6 @@ Expression::Outcome Expression::give(const QRegularExpressionMatch& match, Hit& 
         hit.groups[index] = {match.capturedStart(m_groups[index]), match.capturedEnd(m_groups[index])};
     return Outcome::match;
 }
-
-namespace {
-
-QString positioned(const RuleExpression& definition)
-{
-    return QStringLiteral("\\G(?:%1)")
-        .arg(definition.withFewerSteps.isEmpty() ? definition.pattern : definition.withFewerSteps);
-}
-
-} // namespace
 
 PositionedExpression::PositionedExpression(RuleExpression definition)
     : m_definition(std::move(definition)), m_here(positioned(m_definition), m_definition.options,

@@ -17,24 +17,6 @@ bool isNoSpace(char16_t c)
     return !isSpace(c);
 }
 
-/// The end of the line that a place is in, for places that mostly grow.
-class LineEnds
-{
-public:
-    int behind(const SourceText& text, int at)
-    {
-        if (at < m_from || at > m_end) {
-            m_from = at;
-            m_end = text.lineEnd(at);
-        }
-        return m_end;
-    }
-
-private:
-    int m_from = 0;
-    int m_end = -1;
-};
-
 /// The marks that close emphasis, by their kind: each is looked for once.
 class ClosingMarks
 {
@@ -49,8 +31,6 @@ public:
         }
         return known.closing;
     }
-
-    LineEnds lineEnds;
 
 private:
     struct Known
@@ -84,7 +64,7 @@ bool takeEmphasis(SourceText& text, ClosingMarks& marks, int at, int length, Hit
     if (content >= text.size() || isSpace(text[content]))
         return false;
     const int closing = marks.find(text, text[at], length, content + 1);
-    if (closing >= text.size() || marks.lineEnds.behind(text, content) < closing)
+    if (closing >= text.size() || text.lineEnd(content) < closing)
         return false;
     hit.whole = {at, closing + length};
     hit.groups[0] = {at, content};
@@ -141,8 +121,6 @@ public:
         return m_target;
     }
 
-    LineEnds lineEnds;
-
 private:
     Span search(const SourceText& text, int from)
     {
@@ -177,7 +155,7 @@ bool findLinkWithText(SourceText& text, int from, Hit& hit)
         const Span target = targets.find(text, at + 1);
         if (target.isNull())
             return false;
-        if (target.start > targets.lineEnds.behind(text, at))
+        if (target.start > text.lineEnd(at))
             continue;
         const bool hasBlank = target.start > at + 1 && isHorizontalSpace(text[target.start - 1]);
         hit.whole = {at, target.end + 3};

@@ -34,12 +34,11 @@ public:
         const auto end = std::ranges::lower_bound(m_places.ends, from + m_length);
         return end != m_places.ends.end() && *end < limit + m_length ? *end - m_length : -1;
     }
-    /// The last one from a position on that ends by another.
-    int previous(int end, int from) const
+    /// The last one that ends by a position; -1 for none.
+    int previous(int end) const
     {
         const auto behind = std::ranges::upper_bound(m_places.ends, end);
-        return behind != m_places.ends.begin() && *(behind - 1) - m_length >= from ? *(behind - 1) - m_length
-                                                                                   : -1;
+        return behind != m_places.ends.begin() ? *(behind - 1) - m_length : -1;
     }
     bool closes(int start) const { return closesSimpleTable(m_text, start + m_length); }
 
@@ -118,8 +117,8 @@ bool scanSimpleTable(SourceText& text, Hit& hit)
         if (takeHeader(at, line))
             return true;
     }
-    for (int at = borders.previous(std::min(first.end, lastClosing), first.start); at > firstWord;
-         at = borders.previous(at + border.length() - 1, first.start)) {
+    for (int at = borders.previous(std::min(first.end, lastClosing)); at > firstWord;
+         at = borders.previous(at + border.length() - 1)) {
         const int start = text.behindLineEnd(at + border.length());
         if (takeHeader(at, start > first.end ? text.lineAt(start) : Line{start, first.end}))
             return true;
