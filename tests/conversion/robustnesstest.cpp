@@ -57,6 +57,18 @@ TEST(Conversion, ReplacesInOnePassWhatTheExpressionsReplaceStepByStep)
     }
 }
 
+TEST(Conversion, FindsGridTablesWhoseLinesEndWithTwoCharacters)
+{
+    const RSTConversionLibrary library;
+    const int before = Expression::givenUpCount();
+    const QString border = QStringLiteral("+---+---+");
+    const QString table = border + (QStringLiteral("\r\n| a | b |\r\n") + border).repeated(30);
+    EXPECT_EQ(library.convertToHTML(table).count(QLatin1String("<td>")), 60);
+    // where nothing closes it, not all ways to read its ends of lines are tried
+    EXPECT_TRUE(library.convertToHTML(table + QStringLiteral("\r\nx")).startsWith(QLatin1String("<p>")));
+    EXPECT_EQ(Expression::givenUpCount(), before);
+}
+
 TEST(Conversion, TakesHalvesOfCharactersInAPartOfAText)
 {
     const RSTConversionLibrary library;
